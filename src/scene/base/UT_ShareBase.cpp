@@ -1,0 +1,3 @@
+#include "scene/base/UT_ShareBase.h"
+
+UT_ShareBase::~UT_ShareBase() = default;
