@@ -1,0 +1,46 @@
+#pragma once
+
+#include "plotka_scene_export.h"
+#include "scene/base/UT_ShareBase.h"
+#include "scene/metadata/PIO_Metadatas.h"
+#include "scene/session/SC_ProjectCommon.h"
+
+#include <memory>
+#include <vector>
+
+class SC_SceneBase;
+class TUScene;
+
+/// A project: an ordered list of scenes and what they share. Scene 0 is the top scene.
+class PLOTKA_SCENE_EXPORT SC_Project : public UT_ShareBase
+{
+public:
+    /// A project without scenes, on no disk yet.
+    SC_Project(const QString &projectDir, const QString &sceneName);
+    SC_Project(const SC_Project &) = delete;
+    SC_Project &operator=(const SC_Project &) = delete;
+    ~SC_Project() override;
+
+    /// Null when there is no such scene.
+    SC_SceneBase *sceneAt(unsigned int index) const;
+    unsigned int sceneCount() const { return static_cast<unsigned int>(m_scenes.size()); }
+    SC_ProjectCommon *projectCommon() const { return &m_projectCommon; }
+    PIO_Metadatas *metadatas() const { return &m_metadatas; }
+
+    /// @name Edits
+    /// @{
+    /// A new last scene with fresh ids, a container and a root group.
+    TUScene *addScene();
+    /// The same with given ids; null when one is null, when they are equal or when one is taken.
+    TUScene *addScene(const SC_Id &objectId, const SC_Id &sceneId);
+    /// Deletes the scene and its timed values; the block that placed it stays. False for the top scene and
+    /// for a scene of another project.
+    bool removeScene(TUScene *scene);
+    /// @}
+
+private:
+    mutable SC_ProjectCommon m_projectCommon;
+    mutable PIO_Metadatas m_metadatas;
+    std::vector<std::unique_ptr<TUScene>> m_scenes;
+    QSet<qint64> m_sceneIds;
+};
