@@ -5,8 +5,8 @@
 #include <algorithm>
 #include <numeric>
 
-UT_FrameRate::UT_FrameRate(unsigned int numerator, unsigned int denominator)
-    : m_numerator(std::max(numerator, 1u)), m_denominator(std::max(denominator, 1u))
+UT_FrameRate::UT_FrameRate(unsigned int numerator, unsigned int denominator) :
+    m_numerator(std::max(numerator, 1u)), m_denominator(std::max(denominator, 1u))
 {
     const unsigned int common = std::gcd(m_numerator, m_denominator);
     m_numerator /= common;

@@ -18,7 +18,8 @@ TEST(Id, ReadsBackItsOwnText)
 
 TEST(Id, BecomesNullOnBadText)
 {
-    for (const QString &bad : {QString(), QStringLiteral("x"), QStringLiteral("12x"), QStringLiteral("9223372036854775808")}) {
+    for (const QString &bad :
+        {QString(), QStringLiteral("x"), QStringLiteral("12x"), QStringLiteral("9223372036854775808")}) {
         SC_Id id(7);
         EXPECT_FALSE(id.parseXml(bad));
         EXPECT_TRUE(id.isNull()) << bad.toStdString();
