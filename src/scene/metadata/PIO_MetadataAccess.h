@@ -1,0 +1,57 @@
+#pragma once
+
+#include "scene/metadata/PIO_Metadata.h"
+#include "scene/metadata/PIO_Metadatas.h"
+
+#include <QString>
+
+#include <utility>
+
+/// Typed doorway to one record of a container: the first record of class T, or the first of that
+/// name. It remembers what it found.
+template <typename T> class PIO_MetadataAccess
+{
+public:
+    PIO_MetadataAccess() = default;
+    PIO_MetadataAccess(PIO_Metadatas *records, QString recordName) : container(records), name(std::move(recordName)) {}
+    PIO_MetadataAccess(const PIO_MetadataAccess &) = default;
+    PIO_MetadataAccess &operator=(const PIO_MetadataAccess &) = default;
+    virtual ~PIO_MetadataAccess() = default;
+
+    /// The record, or null. A remembered record that its container no longer holds is looked up anew.
+    T *get()
+    {
+        if (result && (!container || container->contains(result)))
+            return result;
+        result = container ? find() : nullptr;
+        return result;
+    }
+
+    /// As get(), but makes the record and adds it, silently, when the container has none. Null only
+    /// without a container.
+    T *getOrCreate()
+    {
+        if (T *known = get(); known || !container)
+            return known;
+        result = new T(name);
+        container->add(result);
+        return result;
+    }
+
+    // The order of the fields is relied on by those that hold an access. Null where there is none.
+    PIO_Metadatas *container = nullptr;
+    T *result = nullptr;
+    /// A null name takes any record of the class; an empty one only a record with an empty name.
+    QString name;
+
+private:
+    T *find() const
+    {
+        for (PIO_Metadata *record : *container) {
+            T *candidate = dynamic_cast<T *>(record);
+            if (candidate && (name.isNull() || candidate->metaName() == name))
+                return candidate;
+        }
+        return nullptr;
+    }
+};

@@ -1,0 +1,30 @@
+#include "scene/metadata/PIO_RecordWriter.h"
+
+#include "scene/metadata/PIO_Metadata.h"
+#include "scene/metadata/PIO_Metadatas.h"
+#include "scene/metadata/PIO_WritingContext.h"
+#include "scene/metadata/PO_XmlWriter.h"
+
+#include <vector>
+
+void PIO_RecordWriter::write(const PIO_Metadata &record, PIO_WritingContext &context)
+{
+    PO_XmlWriter &writer = context.xmlWriter();
+    writer.beginElement(QStringLiteral("metadata"));
+    writer.encodeStringAttr(QStringLiteral("type"), record.metaType());
+    writer.encodeStringAttr(QStringLiteral("name"), record.metaName());
+    writer.encodeStringAttr(QStringLiteral("creator"), record.creator());
+    writer.encodeStringAttr(QStringLiteral("version"), record.version());
+    record.writeMetadataSubnodes(context);
+    writer.endElement();
+}
+
+void PIO_RecordWriter::write(const PIO_Metadatas *records, PIO_WritingContext &context)
+{
+    if (!records)
+        return;
+    // A copy: a record that is being written may ask for another one, which is then made.
+    const std::vector<PIO_Metadata *> all(records->begin(), records->end());
+    for (const PIO_Metadata *record : all)
+        write(*record, context);
+}
