@@ -13,6 +13,7 @@ class MO_ModuleVisitor;
 class MO_Port;
 class SC_SceneCommon;
 class TUGroup;
+class TUScene;
 class TUSceneChangeManager;
 
 /// A node of a scene's network.
@@ -27,8 +28,8 @@ public:
     MO_Node &operator=(const MO_Node &) = delete;
     ~MO_Node() override;
 
-    /// The scene that the node belongs to; may be null.
-    SC_SceneCommon *sceneCommon() const { return m_sceneCommon; }
+    /// The scene that the node belongs to; may be null, and is once the scene has died.
+    SC_SceneCommon *sceneCommon() const;
     /// The name of the layer; compared exactly.
     const QString &instanceName() const { return m_instanceName; }
     /// Kind of the node, such as "READ" for an element.
@@ -73,7 +74,7 @@ private:
 
     void queueChangeApplied();
 
-    SC_SceneCommon *m_sceneCommon;
+    UT_SharedWeakPtr<TUScene> m_scene;
     QString m_keyword;
     QString m_instanceName;
     UT_SharedWeakPtr<MO_Node> m_parent;

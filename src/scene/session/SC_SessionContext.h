@@ -63,6 +63,8 @@ public:
     /// @}
 
 private:
+    void adopt(SC_Project *project);
+
     struct Shared;
     std::shared_ptr<Shared> m_shared;
 };

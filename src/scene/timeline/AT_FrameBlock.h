@@ -38,6 +38,9 @@ public:
             m_seq->letGo();
     }
 
+    /// The one invalid block that queries without an answer refer to.
+    static const AT_FrameBlock &none();
+
     /// A block without a sequence can be valid.
     bool isValid() const { return key.frameCount != 0; }
     /// May be null.

@@ -17,6 +17,7 @@ public:
     };
 
     using TUTimedValue::TUTimedValue;
+    ~TUSoundTimedValue() override;
 
     int timedValueKind() const override { return SoundKind; }
 

@@ -1,0 +1,114 @@
+#include "scene/network/TUGroup.h"
+
+#include "scene/changes/TUSceneChangeManager.h"
+#include "scene/network/MO_Port.h"
+
+#include <QHash>
+
+#include <algorithm>
+
+TUGroup::TUGroup(SC_SceneCommon *sceneCommon, const QString &instanceName) :
+    MO_Node(sceneCommon, Keyword(), instanceName)
+{
+    m_inPorts.clear();
+}
+
+TUGroup::~TUGroup()
+{
+    for (const UT_SharedPtr<MO_Node> &node : m_nodes)
+        node->m_ownerGroup = nullptr;
+}
+
+const QString &TUGroup::Keyword()
+{
+    static const QString keyword = QStringLiteral("GROUP");
+    return keyword;
+}
+
+std::vector<MO_Node *> TUGroup::compositionOrder() const
+{
+    QHash<const MO_Node *, std::vector<MO_Node *>> childrenOf;
+    for (const UT_SharedPtr<MO_Node> &node : m_nodes)
+        childrenOf[node->getParentNode()].push_back(node.get());
+
+    std::vector<MO_Node *> order;
+    std::vector<MO_Node *> waiting = childrenOf.value(nullptr);
+    std::reverse(waiting.begin(), waiting.end());
+    while (!waiting.empty()) {
+        MO_Node *const node = waiting.back();
+        waiting.pop_back();
+        order.push_back(node);
+        const std::vector<MO_Node *> children = childrenOf.value(node);
+        waiting.insert(waiting.end(), children.rbegin(), children.rend());
+    }
+    return order;
+}
+
+void TUGroup::accept(MO_ModuleVisitor &visitor)
+{
+    // Held while they are visited: a visitor may edit the group.
+    std::vector<UT_SharedPtr<MO_Node>> nodes;
+    for (MO_Node *node : compositionOrder())
+        nodes.emplace_back(node);
+    for (const UT_SharedPtr<MO_Node> &node : nodes)
+        node->accept(visitor);
+}
+
+bool TUGroup::addNode(const UT_SharedPtr<MO_Node> &node, const MO_Node *before)
+{
+    if (!node || node->m_ownerGroup || node.get() == this || node->sceneCommon() != sceneCommon())
+        return false;
+    for (const TUGroup *above = ownerGroup(); above; above = above->ownerGroup()) {
+        if (above == node.get())
+            return false;
+    }
+    const NodeList::iterator place = find(before);
+    if (before && place == m_nodes.end())
+        return false;
+    node->m_ownerGroup = this;
+    m_nodes.insert(place, node);
+    if (TUSceneChangeManager *changes = changeManager()) {
+        changes->emitNetworkChanged(node.get());
+        changes->emitSubNetworkChanged(this);
+    }
+    return true;
+}
+
+bool TUGroup::removeNode(MO_Node *node)
+{
+    const NodeList::iterator place = find(node);
+    if (place == m_nodes.end())
+        return false;
+    const UT_SharedPtr<MO_Node> held = *place;
+    for (const UT_SharedPtr<MO_Node> &other : m_nodes) {
+        if (other->getParentNode() == node)
+            other->setParentNode(nullptr);
+    }
+    held->setParentNode(nullptr);
+    held->m_ownerGroup = nullptr;
+    m_nodes.erase(place);
+    // Only the group: a node that has gone can refresh nobody.
+    if (TUSceneChangeManager *changes = changeManager())
+        changes->emitSubNetworkChanged(this);
+    return true;
+}
+
+bool TUGroup::moveNode(MO_Node *node, const MO_Node *before)
+{
+    const NodeList::iterator from = find(node);
+    const NodeList::iterator to = find(before);
+    if (from == m_nodes.end() || (before && to == m_nodes.end()) || from == to || std::next(from) == to)
+        return false;
+    m_nodes.splice(to, m_nodes, from);
+    if (TUSceneChangeManager *changes = changeManager()) {
+        changes->emitChildrenOrderingChanged(node);
+        changes->emitNodeLinksChanged(node);
+    }
+    return true;
+}
+
+TUGroup::NodeList::iterator TUGroup::find(const MO_Node *node)
+{
+    return std::find_if(
+        m_nodes.begin(), m_nodes.end(), [node](const UT_SharedPtr<MO_Node> &held) { return held.get() == node; });
+}

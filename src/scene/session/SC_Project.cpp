@@ -1,0 +1,57 @@
+#include "scene/session/SC_Project.h"
+
+#include "scene/changes/TUSceneChangeManager.h"
+#include "scene/session/TUScene.h"
+
+#include <algorithm>
+
+SC_Project::SC_Project(const QString &projectDir, const QString &sceneName) : m_projectCommon(projectDir, sceneName) {}
+
+SC_Project::~SC_Project()
+{
+    // Nobody is told of a project that goes away as a whole.
+    m_projectCommon.setChangeManager(nullptr);
+    m_scenes.clear();
+}
+
+SC_SceneBase *SC_Project::sceneAt(unsigned int index) const
+{
+    return index < m_scenes.size() ? m_scenes[index].get() : nullptr;
+}
+
+TUScene *SC_Project::addScene()
+{
+    const SC_Id objectId = m_projectCommon.createId();
+    return addScene(objectId, m_projectCommon.createId());
+}
+
+TUScene *SC_Project::addScene(const SC_Id &objectId, const SC_Id &sceneId)
+{
+    if (objectId.isNull() || sceneId.isNull() || objectId == sceneId || m_sceneIds.contains(objectId.value())
+        || m_sceneIds.contains(sceneId.value()))
+        return nullptr;
+    m_sceneIds.insert(objectId.value());
+    m_sceneIds.insert(sceneId.value());
+    m_projectCommon.reserveId(objectId);
+    m_projectCommon.reserveId(sceneId);
+    TUScene *const scene = new TUScene(&m_projectCommon, objectId, sceneId);
+    m_scenes.emplace_back(scene);
+    m_projectCommon.sceneManager()->m_scenes.insert(sceneId, scene);
+    if (TUSceneChangeManager *changes = m_projectCommon.changeManager())
+        changes->emitSceneChanged();
+    return scene;
+}
+
+bool SC_Project::removeScene(TUScene *scene)
+{
+    const auto place = std::find_if(m_scenes.begin(), m_scenes.end(),
+        [scene](const std::unique_ptr<TUScene> &held) { return held.get() == scene; });
+    if (place == m_scenes.end() || place == m_scenes.begin())
+        return false;
+    // Its ids stay taken: they are never given out again.
+    m_projectCommon.sceneManager()->m_scenes.remove(scene->sceneId());
+    m_scenes.erase(place);
+    if (TUSceneChangeManager *changes = m_projectCommon.changeManager())
+        changes->emitSceneChanged();
+    return true;
+}

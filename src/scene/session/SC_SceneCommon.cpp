@@ -1,0 +1,16 @@
+#include "scene/session/SC_SceneCommon.h"
+
+#include "scene/session/TUScene.h"
+#include "scene/timeline/TUSeqTimedValue.h"
+#include "scene/timeline/TimelineSearches.h"
+
+PIO_Metadatas *SC_SceneCommon::metadatas() const
+{
+    return m_scene->metadatas();
+}
+
+int SC_SceneCommon::getNumberOfFrames() const
+{
+    const TUSeqTimedValue *timedValue = sceneMainTv(m_scene);
+    return timedValue ? static_cast<int>(timedValue->nFrames()) : 0;
+}

@@ -1,0 +1,8 @@
+#include "scene/session/SC_SceneManager.h"
+
+#include "scene/session/TUScene.h"
+
+SC_SceneBase *SC_SceneManager::find(const SC_Id &sceneId) const
+{
+    return m_scenes.value(sceneId);
+}

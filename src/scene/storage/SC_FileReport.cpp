@@ -1,0 +1,27 @@
+#include "scene/storage/SC_FileReport.h"
+
+#include <algorithm>
+#include <utility>
+
+QString SC_FileReport::Entry::text() const
+{
+    QString where = file;
+    if (line > 0)
+        where += u':' + QString::number(line);
+    if (line > 0 && column > 0)
+        where += u':' + QString::number(column);
+    if (!where.isEmpty())
+        where += QStringLiteral(": ");
+    where += severity == Error ? QStringLiteral("error: ") : QStringLiteral("warning: ");
+    return item.isEmpty() ? where + message : where + item + QStringLiteral(": ") + message;
+}
+
+bool SC_FileReport::hasErrors() const
+{
+    return std::any_of(m_entries.begin(), m_entries.end(), [](const Entry &entry) { return entry.severity == Error; });
+}
+
+void SC_FileReport::add(Entry entry)
+{
+    m_entries.push_back(std::move(entry));
+}

@@ -1,0 +1,138 @@
+#include "scene/timeline/TUSeqTimedValue.h"
+
+#include <algorithm>
+
+// Both ends of the blocks ascend with their index: a block before a transition ends before the one after
+// it does. So whatever covers a frame stands together, and every search is a binary one.
+
+namespace
+{
+
+bool beginsAfter(double frame, const AT_FrameBlock &block)
+{
+    return frame < block.fromFrame();
+}
+
+bool endsBefore(const AT_FrameBlock &block, double frame)
+{
+    return block.toFrame() < frame;
+}
+
+} // namespace
+
+unsigned int TUSeqTimedValue::nFrames() const
+{
+    return m_blocks.empty() ? 0 : m_blocks.back().toFrame();
+}
+
+std::size_t TUSeqTimedValue::coveringEnd(double frame) const
+{
+    return std::size_t(std::upper_bound(m_blocks.begin(), m_blocks.end(), frame, beginsAfter) - m_blocks.begin());
+}
+
+unsigned int TUSeqTimedValue::blockCountAt(double frame) const
+{
+    const std::size_t end = coveringEnd(frame);
+    std::size_t begin = end;
+    while (begin > 0 && m_blocks[begin - 1].isInRange(frame))
+        --begin;
+    return static_cast<unsigned int>(end - begin);
+}
+
+TUSeqTimedValue::const_iterator TUSeqTimedValue::blockIteratorAt(unsigned int frame) const
+{
+    const std::size_t end = coveringEnd(frame);
+    const_iterator covering = m_blocks.cend();
+    for (std::size_t i = end; i > 0 && m_blocks[i - 1].isInRange(frame); --i) {
+        covering = m_blocks.cbegin() + std::ptrdiff_t(i - 1);
+        if (covering->key.isTransition)
+            return covering;
+    }
+    return covering;
+}
+
+const AT_FrameBlock &TUSeqTimedValue::blockAt(unsigned int frame) const
+{
+    return blockOrNone(blockIteratorAt(frame));
+}
+
+const AT_FrameBlock &TUSeqTimedValue::firstBlock() const
+{
+    return blockOrNone(m_blocks.cbegin());
+}
+
+const AT_FrameBlock &TUSeqTimedValue::nextBlock(const AT_FrameBlockKey &key) const
+{
+    return blockOrNone(nextBlockIterator(blockIteratorAt(key)));
+}
+
+const AT_FrameBlock &TUSeqTimedValue::previousBlock(const AT_FrameBlockKey &key) const
+{
+    return blockOrNone(previousBlockIterator(blockIteratorAt(key)));
+}
+
+const AT_FrameBlock &TUSeqTimedValue::nextBlockAfter(unsigned int frame) const
+{
+    return blockOrNone(nextBlockIteratorAt(frame));
+}
+
+const AT_FrameBlock &TUSeqTimedValue::prevBlockBefore(unsigned int frame) const
+{
+    return blockOrNone(previousBlockIteratorAt(frame));
+}
+
+const AT_FrameBlock &TUSeqTimedValue::blockOf(const SC_Id &objectId) const
+{
+    return blockOrNone(blockIteratorOf(objectId));
+}
+
+TUSeqTimedValue::const_iterator TUSeqTimedValue::blockIteratorAt(const AT_FrameBlockKey &key) const
+{
+    return m_blocks.cbegin() + std::ptrdiff_t(indexOf(key));
+}
+
+TUSeqTimedValue::const_iterator TUSeqTimedValue::blockIteratorOf(const SC_Id &objectId) const
+{
+    if (objectId.isNull()) {
+        return std::find_if(m_blocks.cbegin(), m_blocks.cend(),
+            [](const AT_FrameBlock &block) { return !block.seq() || block.seq()->objectId().isNull(); });
+    }
+    const auto found = m_indexOfObject.constFind(objectId.value());
+    return found == m_indexOfObject.cend() ? m_blocks.cend() : m_blocks.cbegin() + std::ptrdiff_t(*found);
+}
+
+TUSeqTimedValue::const_iterator TUSeqTimedValue::nextBlockIterator(const_iterator block) const
+{
+    return block == m_blocks.cend() ? block : std::next(block);
+}
+
+TUSeqTimedValue::const_iterator TUSeqTimedValue::previousBlockIterator(const_iterator block) const
+{
+    return block == m_blocks.cend() || block == m_blocks.cbegin() ? m_blocks.cend() : std::prev(block);
+}
+
+TUSeqTimedValue::const_iterator TUSeqTimedValue::nextBlockIteratorAt(unsigned int frame) const
+{
+    return m_blocks.cbegin() + std::ptrdiff_t(coveringEnd(frame));
+}
+
+TUSeqTimedValue::const_iterator TUSeqTimedValue::previousBlockIteratorAt(unsigned int frame) const
+{
+    const const_iterator end = std::lower_bound(m_blocks.cbegin(), m_blocks.cend(), double(frame), endsBefore);
+    return end == m_blocks.cbegin() ? m_blocks.cend() : std::prev(end);
+}
+
+std::size_t TUSeqTimedValue::indexOf(const AT_FrameBlockKey &key) const
+{
+    // At most a transition and the block it leads into begin on one frame.
+    for (std::size_t i = coveringEnd(key.fromFrame); i > 0 && m_blocks[i - 1].fromFrame() == key.fromFrame; --i) {
+        if (m_blocks[i - 1].key == key)
+            return i - 1;
+    }
+    return m_blocks.size();
+}
+
+const AT_FrameBlock &TUSeqTimedValue::blockOrNone(const_iterator block) const
+{
+    return block == m_blocks.cend() ? AT_FrameBlock::none() : *block;
+}

@@ -1,0 +1,222 @@
+#include "scene/timeline/TUSeqTimedValue.h"
+
+#include "scene/changes/TUSceneChangeManager.h"
+#include "scene/session/SC_ProjectCommon.h"
+#include "scene/session/SC_SceneCommon.h"
+#include "scene/timeline/AT_TimeWarpSeq.h"
+#include "scene/timeline/AT_TransitionSeq.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace
+{
+
+bool isRange(unsigned int fromFrame, unsigned int frameCount)
+{
+    return fromFrame >= 1 && frameCount >= 1 && quint64(fromFrame) + frameCount - 1 <= TUSeqTimedValue::maxFrame;
+}
+
+bool placesScene(const AT_FrameBlock &block)
+{
+    return block.seq() && block.seq()->sceneSeq();
+}
+
+/// Marks both ids of a placed scene, or that of a transition; each stands in one block of the project.
+void setPlaced(SC_ProjectCommon *project, const TUSeq *seq, bool placed)
+{
+    project->setPlaced(seq->objectId(), placed);
+    if (const TUSeq *scene = seq->sceneSeq())
+        project->setPlaced(scene->id, placed);
+}
+
+bool isPlaced(const SC_ProjectCommon *project, const TUSeq *seq)
+{
+    const TUSeq *scene = seq->sceneSeq();
+    return project->isPlaced(seq->objectId()) || (scene && project->isPlaced(scene->id));
+}
+
+/// Gives a block its new frames; a time warp of slope 1 stays one.
+void place(AT_FrameBlock &block, unsigned int fromFrame, unsigned int frameCount)
+{
+    AT_TimeWarpSeq *const warp = AT_TimeWarpSeq::toTimeWarp(block.seq());
+    if (warp && warp->hasSlopeOne(block.key.frameCount))
+        warp->end = warp->start + double(frameCount) - 1.0;
+    block.key.fromFrame = fromFrame;
+    block.key.frameCount = frameCount;
+}
+
+} // namespace
+
+TUSeqTimedValue::~TUSeqTimedValue()
+{
+    for (const AT_FrameBlock &block : m_blocks) {
+        if (!block.seq())
+            continue;
+        block.seq()->m_timedValue = nullptr;
+        setPlaced(sceneCommon()->projectCommon(), block.seq(), false);
+    }
+}
+
+bool TUSeqTimedValue::insertBlock(unsigned int fromFrame, unsigned int frameCount, TUSeq *seq)
+{
+    if (!isRange(fromFrame, frameCount) || !isFree(fromFrame, frameCount) || !canHold(seq)
+        || AT_TransitionSeq::isTransition(seq))
+        return false;
+    insertAt(coveringEnd(fromFrame), AT_FrameBlock(seq, {fromFrame, frameCount, false}));
+    changed(seq && seq->sceneSeq());
+    return true;
+}
+
+bool TUSeqTimedValue::removeBlock(const AT_FrameBlockKey &key)
+{
+    const std::size_t index = indexOf(key);
+    if (index == m_blocks.size() || key.isTransition || isBesideTransition(index))
+        return false;
+    const bool placedScene = placesScene(m_blocks[index]);
+    eraseAt(index);
+    changed(placedScene);
+    return true;
+}
+
+bool TUSeqTimedValue::setBlockRange(const AT_FrameBlockKey &key, unsigned int fromFrame, unsigned int frameCount)
+{
+    const std::size_t index = indexOf(key);
+    if (index == m_blocks.size() || key.isTransition || isBesideTransition(index) || !isRange(fromFrame, frameCount))
+        return false;
+    if (index > 0 && m_blocks[index - 1].toFrame() >= fromFrame)
+        return false;
+    if (index + 1 < m_blocks.size() && m_blocks[index + 1].fromFrame() <= fromFrame + frameCount - 1)
+        return false;
+    place(m_blocks[index], fromFrame, frameCount);
+    changed(placesScene(m_blocks[index]));
+    return true;
+}
+
+bool TUSeqTimedValue::insertTransition(
+    unsigned int cut, unsigned int framesBefore, unsigned int framesAfter, AT_TransitionSeq *transition)
+{
+    const std::size_t after = coveringEnd(cut) - 1;
+    if (!transition || !canHold(transition) || after == std::size_t(-1) || after == 0)
+        return false;
+    const AT_FrameBlock &first = m_blocks[after - 1];
+    const AT_FrameBlock &second = m_blocks[after];
+    if (second.fromFrame() != cut || first.toFrame() + 1 != cut || !placesScene(first) || !placesScene(second))
+        return false;
+
+    // What each of the two has for itself: its frames outside the transitions at its ends.
+    const bool firstHasHead = after >= 2 && m_blocks[after - 2].key.isTransition;
+    const bool secondHasTail = after + 1 < m_blocks.size() && m_blocks[after + 1].key.isTransition;
+    const quint64 ownBegin = firstHasHead ? quint64(m_blocks[after - 2].toFrame()) + 1 : first.fromFrame();
+    const quint64 ownEnd = secondHasTail ? m_blocks[after + 1].fromFrame() : quint64(second.toFrame()) + 1;
+    if (quint64(framesBefore) + framesAfter == 0 || ownBegin + framesBefore >= cut
+        || cut + quint64(framesAfter) >= ownEnd)
+        return false;
+
+    place(m_blocks[after - 1], first.fromFrame(), first.key.frameCount + framesAfter);
+    place(m_blocks[after], cut - framesBefore, second.key.frameCount + framesBefore);
+    transition->m_framesBeforeCut = framesBefore;
+    insertAt(after, AT_FrameBlock(transition, {cut - framesBefore, framesBefore + framesAfter, true}));
+    changed(/*placesScene*/ true);
+    return true;
+}
+
+bool TUSeqTimedValue::removeTransition(const AT_FrameBlockKey &key)
+{
+    const std::size_t index = indexOf(key);
+    if (index == m_blocks.size() || !key.isTransition)
+        return false;
+    const AT_TransitionSeq *transition = AT_TransitionSeq::toTransition(m_blocks[index].seq());
+    const unsigned int framesBefore = std::min(transition->framesBeforeCut(), key.frameCount);
+    AT_FrameBlock &first = m_blocks[index - 1];
+    AT_FrameBlock &second = m_blocks[index + 1];
+    place(first, first.fromFrame(), first.key.frameCount - (key.frameCount - framesBefore));
+    place(second, second.fromFrame() + framesBefore, second.key.frameCount - framesBefore);
+    eraseAt(index);
+    changed(/*placesScene*/ true);
+    return true;
+}
+
+bool TUSeqTimedValue::moveBlocks(unsigned int fromFrame, int delta)
+{
+    const auto first = std::lower_bound(m_blocks.begin(), m_blocks.end(), fromFrame,
+        [](const AT_FrameBlock &block, unsigned int frame) { return block.fromFrame() < frame; });
+    if (first == m_blocks.end() || delta == 0)
+        return false;
+    const qint64 newBegin = qint64(first->fromFrame()) + delta;
+    const qint64 newEnd = qint64(m_blocks.back().toFrame()) + delta;
+    const qint64 previousEnd = first == m_blocks.begin() ? 0 : std::prev(first)->toFrame();
+    // A block that a transition ties to one that stays cannot leave it.
+    if (previousEnd >= first->fromFrame() || newBegin <= previousEnd || newEnd > maxFrame)
+        return false;
+    for (auto block = first; block != m_blocks.end(); ++block)
+        block->key.fromFrame = static_cast<unsigned int>(qint64(block->key.fromFrame) + delta);
+    changed(std::any_of(first, m_blocks.end(), placesScene));
+    return true;
+}
+
+bool TUSeqTimedValue::isFree(unsigned int fromFrame, unsigned int frameCount) const
+{
+    const std::size_t end = coveringEnd(double(fromFrame) + frameCount - 1.0);
+    return end == 0 || m_blocks[end - 1].toFrame() < fromFrame;
+}
+
+bool TUSeqTimedValue::canHold(const TUSeq *seq) const
+{
+    return !seq || (!seq->m_timedValue && !isPlaced(sceneCommon()->projectCommon(), seq));
+}
+
+bool TUSeqTimedValue::isBesideTransition(std::size_t index) const
+{
+    return (index > 0 && m_blocks[index - 1].key.isTransition)
+        || (index + 1 < m_blocks.size() && m_blocks[index + 1].key.isTransition);
+}
+
+void TUSeqTimedValue::insertAt(std::size_t index, AT_FrameBlock block)
+{
+    if (TUSeq *const seq = block.seq()) {
+        seq->m_timedValue = this;
+        setPlaced(sceneCommon()->projectCommon(), seq, true);
+        sceneCommon()->projectCommon()->reserveId(seq->objectId());
+        if (seq->sceneSeq())
+            sceneCommon()->projectCommon()->reserveId(seq->sceneSeq()->id);
+    }
+    m_blocks.insert(m_blocks.begin() + std::ptrdiff_t(index), std::move(block));
+    reindexFrom(index);
+}
+
+void TUSeqTimedValue::eraseAt(std::size_t index)
+{
+    if (TUSeq *const seq = m_blocks[index].seq()) {
+        seq->m_timedValue = nullptr;
+        setPlaced(sceneCommon()->projectCommon(), seq, false);
+        m_indexOfObject.remove(seq->objectId().value());
+    }
+    m_blocks.erase(m_blocks.begin() + std::ptrdiff_t(index));
+    reindexFrom(index);
+}
+
+void TUSeqTimedValue::reindexFrom(std::size_t index)
+{
+    for (std::size_t i = index; i < m_blocks.size(); ++i) {
+        const TUSeq *seq = m_blocks[i].seq();
+        if (seq && !seq->objectId().isNull())
+            m_indexOfObject.insert(seq->objectId().value(), static_cast<quint32>(i));
+    }
+}
+
+void TUSeqTimedValue::changed(bool placedScene)
+{
+    ++m_revision;
+    queueChange(placedScene);
+}
+
+void TUSeqTimedValue::queueChange(bool placedScene)
+{
+    TUSceneChangeManager *const changes = changeManager();
+    if (!changes)
+        return;
+    changes->emitTimedValueChanged(this);
+    if (placedScene)
+        changes->emitSceneChanged();
+}

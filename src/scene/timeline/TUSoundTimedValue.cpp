@@ -1,0 +1,76 @@
+#include "scene/timeline/TUSoundTimedValue.h"
+
+#include "scene/changes/TUSceneChangeManager.h"
+#include "scene/session/SC_ProjectCommon.h"
+#include "scene/session/SC_SceneCommon.h"
+#include "scene/timeline/TUSeqTimedValue.h"
+
+#include <algorithm>
+
+namespace
+{
+
+bool isRange(unsigned int fromFrame, unsigned int toFrame)
+{
+    return fromFrame >= 1 && fromFrame <= toFrame && toFrame <= TUSeqTimedValue::maxFrame;
+}
+
+} // namespace
+
+TUSoundTimedValue::~TUSoundTimedValue()
+{
+    for (const Sound &sound : m_sounds)
+        sceneCommon()->projectCommon()->setPlaced(sound.id, false);
+}
+
+long TUSoundTimedValue::getEndFrame() const
+{
+    long end = 0;
+    for (const Sound &sound : m_sounds)
+        end = std::max(end, static_cast<long>(sound.toFrame));
+    return end;
+}
+
+std::vector<SC_Id> TUSoundTimedValue::sequenceIds() const
+{
+    std::vector<SC_Id> ids;
+    ids.reserve(m_sounds.size());
+    for (const Sound &sound : m_sounds)
+        ids.push_back(sound.id);
+    return ids;
+}
+
+SC_Id TUSoundTimedValue::addSound(unsigned int fromFrame, unsigned int toFrame, const QString &name)
+{
+    if (!isRange(fromFrame, toFrame))
+        return SC_Id();
+    const Sound sound{sceneCommon()->projectCommon()->createId(), fromFrame, toFrame, name};
+    addSound(sound);
+    return sound.id;
+}
+
+bool TUSoundTimedValue::addSound(const Sound &sound)
+{
+    SC_ProjectCommon *const project = sceneCommon()->projectCommon();
+    if (!isRange(sound.fromFrame, sound.toFrame) || sound.id.isNull() || project->isPlaced(sound.id))
+        return false;
+    m_sounds.push_back(sound);
+    project->reserveId(sound.id);
+    project->setPlaced(sound.id, true);
+    if (TUSceneChangeManager *changes = changeManager())
+        changes->emitTimedValueChanged(this);
+    return true;
+}
+
+bool TUSoundTimedValue::removeSound(const SC_Id &id)
+{
+    const auto place =
+        std::find_if(m_sounds.begin(), m_sounds.end(), [&id](const Sound &sound) { return sound.id == id; });
+    if (place == m_sounds.end())
+        return false;
+    sceneCommon()->projectCommon()->setPlaced(place->id, false);
+    m_sounds.erase(place);
+    if (TUSceneChangeManager *changes = changeManager())
+        changes->emitTimedValueChanged(this);
+    return true;
+}

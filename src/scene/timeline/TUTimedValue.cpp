@@ -1,0 +1,64 @@
+#include "scene/timeline/TUTimedValue.h"
+
+#include "scene/changes/TUSceneChangeManager.h"
+#include "scene/network/MO_ElementModule.h"
+#include "scene/session/SC_ProjectCommon.h"
+#include "scene/session/SC_SceneCommon.h"
+
+#include <algorithm>
+#include <utility>
+
+TUTimedValue::TUTimedValue(SC_SceneCommon *sceneCommon, QString name) :
+    m_name(std::move(name)), m_sceneCommon(sceneCommon)
+{
+}
+
+MO_Node *TUTimedValue::linkedNodes(unsigned int index) const
+{
+    for (const UT_SharedWeakPtr<MO_Node> &node : m_linkedNodes) {
+        if (node && index-- == 0)
+            return node.get();
+    }
+    return nullptr;
+}
+
+void TUTimedValue::setName(const QString &name)
+{
+    if (name == m_name)
+        return;
+    m_name = name;
+    if (TUSceneChangeManager *changes = changeManager())
+        changes->emitTimedValueNameChanged(this);
+}
+
+bool TUTimedValue::linkNode(MO_Node *node)
+{
+    MO_ElementModule *const element = dynamic_cast<MO_ElementModule *>(node);
+    if (!element || element->drawingAttr()->linkedTimedValue() == this)
+        return false;
+    if (TUTimedValue *previous = element->drawingAttr()->linkedTimedValue())
+        previous->unlinkNode(element);
+    element->drawingAttr()->m_linkedTimedValue = this;
+    m_linkedNodes.emplace_back(node);
+    if (TUSceneChangeManager *changes = changeManager())
+        changes->emitNodeChanged(node);
+    return true;
+}
+
+bool TUTimedValue::unlinkNode(MO_Node *node)
+{
+    const auto place = std::find_if(m_linkedNodes.begin(), m_linkedNodes.end(),
+        [node](const UT_SharedWeakPtr<MO_Node> &linked) { return node && linked.get() == node; });
+    if (place == m_linkedNodes.end())
+        return false;
+    m_linkedNodes.erase(place);
+    static_cast<MO_ElementModule *>(node)->drawingAttr()->m_linkedTimedValue = nullptr;
+    if (TUSceneChangeManager *changes = changeManager())
+        changes->emitNodeChanged(node);
+    return true;
+}
+
+TUSceneChangeManager *TUTimedValue::changeManager() const
+{
+    return m_sceneCommon ? m_sceneCommon->projectCommon()->changeManager() : nullptr;
+}

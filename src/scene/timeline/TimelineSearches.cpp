@@ -1,0 +1,33 @@
+#include "scene/timeline/TimelineSearches.h"
+
+#include "scene/network/MO_ElementModule.h"
+#include "scene/session/SC_SceneManager.h"
+#include "scene/session/TUScene.h"
+#include "scene/timeline/TUSeqTimedValue.h"
+
+TUScene *sceneOfBlock(const SC_SceneManager *manager, const AT_FrameBlock &block)
+{
+    const TUSeq *view = manager && block.isValid() && block.seq() ? block.seq()->sceneSeq() : nullptr;
+    return view ? dynamic_cast<TUScene *>(manager->find(view->id)) : nullptr;
+}
+
+TUSeqTimedValue *sceneMainTv(const TUScene *scene)
+{
+    if (!scene)
+        return nullptr;
+    for (TUTimedValue *timedValue : scene->timedValues()) {
+        if (timedValue->timedValueKind() == TUTimedValue::SequenceKind)
+            return dynamic_cast<TUSeqTimedValue *>(timedValue);
+    }
+    return nullptr;
+}
+
+TUSeqTimedValue *linkedSeqTv(MO_Node *node)
+{
+    const MO_ElementModule *element = dynamic_cast<MO_ElementModule *>(node);
+    TUTimedValue *const timedValue =
+        element && element->drawingAttr() ? element->drawingAttr()->linkedTimedValue() : nullptr;
+    return timedValue && timedValue->timedValueKind() == TUTimedValue::SequenceKind
+        ? dynamic_cast<TUSeqTimedValue *>(timedValue)
+        : nullptr;
+}
