@@ -12,13 +12,13 @@ struct PIO_Metadata::Told {
     std::vector<QPointer<TUSceneChangeManager>> managers;
 };
 
-PIO_Metadata::PIO_Metadata(const QString &type, const QString &name, const QString &creator, const QString &version)
-    : m_type(type), m_name(name), m_creator(creator), m_version(version)
+PIO_Metadata::PIO_Metadata(const QString &type, const QString &name, const QString &creator, const QString &version) :
+    m_type(type), m_name(name), m_creator(creator), m_version(version)
 {
 }
 
-PIO_Metadata::PIO_Metadata(const PIO_Metadata &other)
-    : m_type(other.m_type), m_name(other.m_name), m_creator(other.m_creator), m_version(other.m_version)
+PIO_Metadata::PIO_Metadata(const PIO_Metadata &other) :
+    m_type(other.m_type), m_name(other.m_name), m_creator(other.m_creator), m_version(other.m_version)
 {
 }
 

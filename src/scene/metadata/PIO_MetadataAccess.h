@@ -9,7 +9,8 @@
 
 /// Typed doorway to one record of a container: the first record of class T, or the first of that
 /// name. It remembers what it found.
-template <typename T> class PIO_MetadataAccess
+template <typename T>
+class PIO_MetadataAccess
 {
 public:
     PIO_MetadataAccess() = default;

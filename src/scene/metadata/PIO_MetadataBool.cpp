@@ -5,8 +5,8 @@
 
 PIO_MetadataBool::PIO_MetadataBool(const QString &name) : PIO_MetadataGeneric(keyword(), name) {}
 
-PIO_MetadataBool::PIO_MetadataBool(const QString &name, const QString &creator, const QString &version)
-    : PIO_MetadataGeneric(keyword(), name, creator, version)
+PIO_MetadataBool::PIO_MetadataBool(const QString &name, const QString &creator, const QString &version) :
+    PIO_MetadataGeneric(keyword(), name, creator, version)
 {
 }
 

@@ -6,8 +6,8 @@
 
 PIO_MetadataDouble::PIO_MetadataDouble(const QString &name) : PIO_MetadataGeneric(keyword(), name) {}
 
-PIO_MetadataDouble::PIO_MetadataDouble(const QString &name, const QString &creator, const QString &version)
-    : PIO_MetadataGeneric(keyword(), name, creator, version)
+PIO_MetadataDouble::PIO_MetadataDouble(const QString &name, const QString &creator, const QString &version) :
+    PIO_MetadataGeneric(keyword(), name, creator, version)
 {
 }
 

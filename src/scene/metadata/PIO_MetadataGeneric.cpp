@@ -37,14 +37,14 @@ private:
 
 } // namespace
 
-PIO_MetadataGeneric::PIO_MetadataGeneric(const QString &type, const QString &name)
-    : PIO_MetadataGeneric(type, name, whoami::progName(), QStringLiteral("1.0"))
+PIO_MetadataGeneric::PIO_MetadataGeneric(const QString &type, const QString &name) :
+    PIO_MetadataGeneric(type, name, whoami::progName(), QStringLiteral("1.0"))
 {
 }
 
 PIO_MetadataGeneric::PIO_MetadataGeneric(
-    const QString &type, const QString &name, const QString &creator, const QString &version)
-    : PIO_Metadata(type, name, creator, version)
+    const QString &type, const QString &name, const QString &creator, const QString &version) :
+    PIO_Metadata(type, name, creator, version)
 {
 }
 

@@ -4,8 +4,8 @@
 
 PIO_MetadataInt::PIO_MetadataInt(const QString &name) : PIO_MetadataGeneric(keyword(), name) {}
 
-PIO_MetadataInt::PIO_MetadataInt(const QString &name, const QString &creator, const QString &version)
-    : PIO_MetadataGeneric(keyword(), name, creator, version)
+PIO_MetadataInt::PIO_MetadataInt(const QString &name, const QString &creator, const QString &version) :
+    PIO_MetadataGeneric(keyword(), name, creator, version)
 {
 }
 

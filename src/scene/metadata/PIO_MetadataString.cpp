@@ -4,8 +4,8 @@
 
 PIO_MetadataString::PIO_MetadataString(const QString &name) : PIO_MetadataGeneric(keyword(), name) {}
 
-PIO_MetadataString::PIO_MetadataString(const QString &name, const QString &creator, const QString &version)
-    : PIO_MetadataGeneric(keyword(), name, creator, version)
+PIO_MetadataString::PIO_MetadataString(const QString &name, const QString &creator, const QString &version) :
+    PIO_MetadataGeneric(keyword(), name, creator, version)
 {
 }
 

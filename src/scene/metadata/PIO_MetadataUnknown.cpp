@@ -6,8 +6,9 @@
 #include <utility>
 
 PIO_MetadataUnknown::PIO_MetadataUnknown(
-    const QString &type, const QString &name, const QString &creator, const QString &version, QString content)
-    : PIO_Metadata(type, name, creator, version), m_content(std::move(content))
+    const QString &type, const QString &name, const QString &creator, const QString &version, QString content) :
+    PIO_Metadata(type, name, creator, version),
+    m_content(std::move(content))
 {
 }
 

@@ -171,7 +171,8 @@ private:
 };
 
 /// Walks to the end of the current element. False when it nests too deep: what lies deeper was skipped.
-template <typename Receiver> bool feed(QXmlStreamReader &xml, Receiver &receiver)
+template <typename Receiver>
+bool feed(QXmlStreamReader &xml, Receiver &receiver)
 {
     bool withinLimit = true;
     for (int depth = 1; !xml.atEnd();) {
