@@ -3,13 +3,12 @@
 #include "plotka_scene_export.h"
 #include "scene/base/SC_Id.h"
 #include "scene/base/UT_FrameRate.h"
+#include "scene/changes/TUSceneChangeManager.h"
 #include "scene/session/SC_SceneManager.h"
 #include "scene/session/TUDbSceneData.h"
 
 #include <QPointer>
 #include <QSet>
-
-class TUSceneChangeManager;
 
 /// What all scenes of a project share.
 class PLOTKA_SCENE_EXPORT SC_ProjectCommon

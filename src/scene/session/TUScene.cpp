@@ -3,6 +3,7 @@
 #include "scene/changes/TUSceneChangeManager.h"
 #include "scene/network/MO_UnconnectedCompositeModule.h"
 #include "scene/network/TUGroup.h"
+#include "scene/session/SC_ProjectCommon.h"
 #include "scene/timeline/TUSeqTimedValue.h"
 #include "scene/timeline/TUSoundTimedValue.h"
 
