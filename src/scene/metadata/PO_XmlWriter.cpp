@@ -3,6 +3,8 @@
 #include <QIODevice>
 #include <QLocale>
 
+#include <cmath>
+
 namespace
 {
 
@@ -135,6 +137,8 @@ void PO_XmlWriter::encodeBoolAttr(const QString &name, bool value)
 void PO_XmlWriter::encodeDoubleAttr(const QString &name, double value)
 {
     beginAttr(name);
+    if (value == 0.0 && std::signbit(value))
+        m_bytes.append('-'); // number() forgets the sign of 0
     m_bytes.append(QByteArray::number(value, 'g', QLocale::FloatingPointShortest)).append('"');
 }
 
