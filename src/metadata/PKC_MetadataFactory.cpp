@@ -1,0 +1,52 @@
+#include "metadata/PKC_MetadataFactory.h"
+
+#include "metadata/PKC_ClipInfo.h"
+#include "metadata/PKC_SceneInfo.h"
+
+namespace
+{
+
+using MakeRecord = PIO_Metadata *(*)(const QString &name, const QString &creator, const QString &version);
+
+template <typename Record>
+PIO_Metadata *make(const QString &name, const QString &creator, const QString &version)
+{
+    return new Record(name, creator, version);
+}
+
+struct RecordType {
+    QLatin1String keyword;
+    MakeRecord make;
+};
+
+// One line per type, compared in this order.
+constexpr RecordType recordTypes[] = {
+    {QLatin1String("sceneInfo"), make<PKC_SceneInfo>},
+    {QLatin1String("panelInfo"), make<PKC_ClipInfo>},
+};
+
+} // namespace
+
+PKC_MetadataFactory::PKC_MetadataFactory()
+{
+    registerImpl(this);
+}
+
+PKC_MetadataFactory::~PKC_MetadataFactory() = default;
+
+PKC_MetadataFactory *PKC_MetadataFactory::createInstance()
+{
+    // Never destroyed: a project may still be read while static objects die.
+    static PKC_MetadataFactory *const factory = new PKC_MetadataFactory;
+    return factory;
+}
+
+PIO_Metadata *PKC_MetadataFactory::createMeta(
+    const QString &type, const QString &name, const QString &creator, const QString &version)
+{
+    for (const RecordType &known : recordTypes) {
+        if (type == known.keyword)
+            return known.make(name, creator, version);
+    }
+    return PIO_MetadataFactory::createMeta(type, name, creator, version);
+}

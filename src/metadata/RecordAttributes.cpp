@@ -1,0 +1,43 @@
+#include "metadata/RecordAttributes_p.h"
+
+#include "scene/metadata/PO_XmlWriter.h"
+
+#include <QStringList>
+#include <QXmlAttributes>
+
+#include <set>
+
+int RecordAttributes::intOf(const QXmlAttributes &attributes, const QString &key)
+{
+    return attributes.value(key).toInt(nullptr, 10);
+}
+
+QString RecordAttributes::joined(const std::vector<SC_Id> &ids)
+{
+    QStringList parts;
+    for (const SC_Id &id : ids)
+        parts += id.AsString();
+    return parts.join(QLatin1Char(','));
+}
+
+void RecordAttributes::encodeIds(PO_XmlWriter &writer, const QString &key, const std::vector<SC_Id> &ids)
+{
+    if (!ids.empty())
+        writer.encodeStringAttr(key, joined(ids));
+}
+
+void RecordAttributes::mergeIds(const QXmlAttributes &attributes, const QString &key, std::vector<SC_Id> &ids)
+{
+    const QString text = attributes.value(key);
+    if (text.isEmpty())
+        return;
+    // A file may bring a list of any length, so membership is not asked of the vector.
+    std::set<SC_Id> known(ids.begin(), ids.end());
+    const QStringList parts = text.split(QLatin1Char(','));
+    for (const QString &part : parts) {
+        SC_Id id;
+        id.parseXml(part);
+        if (known.insert(id).second)
+            ids.push_back(id);
+    }
+}

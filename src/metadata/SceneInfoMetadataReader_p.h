@@ -1,0 +1,20 @@
+#pragma once
+
+#include "scene/metadata/PIO_ComponentReader.h"
+
+class PKC_SceneInfo;
+
+/// Reads the element "sceneInfo" into a record that outlives the reading. The first closing element, of
+/// whatever name, ends it: the rest is ignored.
+class SceneInfoMetadataReader : public PIO_XML::ComponentReader
+{
+public:
+    explicit SceneInfoMetadataReader(PKC_SceneInfo *target) : m_target(target) {}
+
+    UT_SharedPtr<ComponentReader> startElement(
+        const QString &nameSpace, const QString &localName, const QXmlAttributes &attributes) override;
+    bool endElement(const QString &nameSpace, const QString &localName) override;
+
+private:
+    PKC_SceneInfo *m_target;
+};
