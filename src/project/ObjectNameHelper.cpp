@@ -1,0 +1,3 @@
+#include "project/ObjectNameHelper.h"
+
+Plotka::ObjectNameHelper::~ObjectNameHelper() = default;

@@ -1,0 +1,3 @@
+#include "project/ObjectPrivate_p.h"
+
+Plotka::ObjectPrivate::~ObjectPrivate() = default;

@@ -1,0 +1,89 @@
+#include "project/PKC_PlotkaProject.h"
+
+#include "project/PKC_PlotkaProject_p.h"
+#include "project/PanelWalk_p.h"
+#include "scene/base/UT_Numbers.h"
+#include "scene/session/TUScene.h"
+#include "scene/timeline/AT_TimeWarpSeq.h"
+#include "scene/timeline/TUSoundTimedValue.h"
+#include "scene/timeline/TimelineSearches.h"
+
+#include <algorithm>
+
+using namespace Plotka;
+
+namespace
+{
+
+template <typename T>
+unsigned int countBetween(objiterator<T> it, const objiterator<T> &end)
+{
+    unsigned int count = 0;
+    for (; it != end; ++it)
+        ++count;
+    return count;
+}
+
+} // namespace
+
+unsigned int PKC_PlotkaProject::shotCount() const
+{
+    if (!d->cacheOn || d->caches.shotCount == 0)
+        d->caches.shotCount = countBetween(beginShot(), endShot());
+    return d->caches.shotCount;
+}
+
+unsigned int PKC_PlotkaProject::panelCount() const
+{
+    if (d->cacheOn && d->caches.panelCount != 0)
+        return d->caches.panelCount;
+    unsigned int count = 0;
+    for (PanelWalk walk(this); walk.panel().isValid(); walk.step())
+        ++count;
+    d->caches.panelCount = count;
+    return count;
+}
+
+unsigned int PKC_PlotkaProject::transCount() const
+{
+    if (!d->cacheOn || d->caches.transCount == 0)
+        d->caches.transCount = countBetween(beginTrans(), endTrans());
+    return d->caches.transCount;
+}
+
+unsigned int PKC_PlotkaProject::panelCount(const Shot_t &shot) const
+{
+    if (shot.isInvalid())
+        return 0;
+    const AT_FrameBlock &shotBlock = shot.frameBlock();
+    const TUSeqTimedValue *panels = sceneMainTv(d->sceneOf(shotBlock));
+    const AT_TimeWarpSeq *warp = AT_TimeWarpSeq::toTimeWarp(shotBlock.seq());
+    if (!panels || !warp)
+        return 0;
+    const unsigned int firstFrame = UT_Numbers::toFrame(warp->start);
+    const unsigned int lastFrame = UT_Numbers::toFrame(warp->end);
+    const auto begin = panels->blockIteratorAt(firstFrame);
+    const auto end = std::find_if(
+        begin, panels->endBlock(), [lastFrame](const AT_FrameBlock &block) { return block.toFrame() > lastFrame; });
+    return static_cast<unsigned int>(end - begin);
+}
+
+unsigned int PKC_PlotkaProject::getNumOfFrames() const
+{
+    return last(Shot_t()).lastFrame();
+}
+
+unsigned int PKC_PlotkaProject::getNumOfAudioFrames(bool all) const
+{
+    const TUScene *top = topScene();
+    if (!top)
+        return 0;
+    long longest = 0;
+    for (const TUTimedValue *timedValue : top->timedValues()) {
+        const TUSoundTimedValue *sound = dynamic_cast<const TUSoundTimedValue *>(timedValue);
+        if (!sound || (!all && (!sound->audible || sound->muted)) || sound->isExcluded())
+            continue;
+        longest = std::max(longest, sound->getEndFrame());
+    }
+    return static_cast<unsigned int>(longest);
+}
