@@ -1,0 +1,34 @@
+#include "interchange/otio/OtioImport.h"
+
+#include "interchange/ImportNotes_p.h"
+#include "interchange/LooseJson_p.h"
+#include "interchange/otio/OtioPlanner_p.h"
+#include "interchange/otio/OtioReader_p.h"
+
+OtioReading OtioImport::read(const QByteArray &bytes, const OtioOptions &options)
+{
+    OtioReading reading;
+    const LooseJson json = LooseJson::parse(bytes);
+    if (json.hasError()) {
+        reading.error = {json.error, json.line, json.column};
+        return reading;
+    }
+
+    ImportNotes notes;
+    if (json.notFinite > 0) {
+        notes.change("number-not-finite", QString(),
+            OtioText::tr("numbers that are infinite or none at all, read as absent: %1").arg(json.notFinite));
+    }
+    if (json.longIntegers > 0) {
+        notes.change("number-too-long", QString(),
+            OtioText::tr("integers beyond 64 bits, read as the nearest floating number: %1").arg(json.longIntegers));
+    }
+    OtioCut cut;
+    OtioReader reader(notes);
+    if (reader.read(json.root, cut))
+        reading.plan = OtioPlanner(notes).plan(cut, options.hasRate ? &options.rate : nullptr);
+    else
+        reading.error.message = reader.error();
+    reading.notes = notes.take();
+    return reading;
+}

@@ -1,0 +1,56 @@
+#pragma once
+
+#include "interchange/otio/OtioLayout_p.h"
+#include "interchange/otio/OtioPlan.h"
+#include "interchange/otio/OtioTransitions_p.h"
+
+class ImportNotes;
+
+/// Turns a cut into the plan of a storyboard, and notes all that has no place there.
+class OtioPlanner
+{
+public:
+    static constexpr qint64 lastPossibleFrame = 2147483647;
+
+    explicit OtioPlanner(ImportNotes &notes) : m_notes(notes) {}
+
+    /// A null @p wantedRate takes the rate of the cut.
+    OtioPlan plan(const OtioCut &cut, const UT_FrameRate *wantedRate);
+
+private:
+    /// Frames from 0, half-open; empty when there is none.
+    struct Frames {
+        qint64 first = 0;
+        qint64 end = 0;
+        bool isEmpty() const { return first >= end; }
+    };
+
+    void chooseRate(const OtioCut &cut);
+    void planStart(const OtioCut &cut);
+    void planTimeline(const OtioNode &track, const OtioWindow &window, bool isEnabled);
+    void planVideoTrack(const OtioNode &track, const OtioWindow &window, bool isEnabled);
+    void planSoundTrack(const OtioNode &track, const OtioWindow &window, bool isEnabled);
+
+    void addShot(const OtioPlaced &placed, const Frames &frames, bool isEnabled);
+    void takeShotNames(const OtioNode &node, OtioShotPlan &shot);
+    void addPanels(const OtioPlaced &nested, const Frames &frames, OtioShotPlan &shot);
+    void addPanelsOfTrack(const OtioNode &track, const OtioWindow &window, const Frames &frames, OtioShotPlan &shot);
+    void notePanelGaps(const OtioNode &node, const OtioShotPlan &shot);
+
+    /// Whole frames of an item; notes rounding, and what has no frame or lies too late.
+    Frames framesOf(const OtioPlaced &placed);
+    bool noteEnabled(const OtioNode &node, bool isEnabled);
+
+    void noteEmptyTimeline(const OtioNode &track);
+    void noteTrack(const OtioNode &track);
+    void noteName(const OtioNode &node);
+    /// Markers, effects, metadata, media, in-points and unknown fields: none has a place.
+    void noteRemainder(const OtioNode &node, const QJsonObject &metadata);
+    void noteRemainder(const OtioNode &node) { noteRemainder(node, node.metadata); }
+
+    /// A time in frames, for messages.
+    QString positionText(const OtioTime &time) const;
+
+    ImportNotes &m_notes;
+    OtioPlan m_plan;
+};

@@ -1,0 +1,97 @@
+#include "interchange/otio/OtioReader_p.h"
+
+#include "interchange/ImportNotes_p.h"
+
+namespace
+{
+
+const QString kEnabled = QStringLiteral("enabled");
+const QString kStartTime = QStringLiteral("start_time");
+const QString kDuration = QStringLiteral("duration");
+const QString kValue = QStringLiteral("value");
+const QString kRate = QStringLiteral("rate");
+
+} // namespace
+
+OtioTime OtioReader::readTime(
+    const QJsonObject &owner, const QString &field, const QString &place, OtioTime::Rate &rate)
+{
+    const QJsonValue time = owner.value(field);
+    if (time.isNull() || time.isUndefined() || (time.isObject() && time.toObject().isEmpty()))
+        return OtioTime();
+    const QJsonValue count = time.toObject().value(kValue);
+    rate = OtioTime::exactRate(time.toObject().value(kRate).toDouble());
+    if (!count.isDouble() || (!rate.isValid() && count.toDouble() != 0.0)) {
+        noteBadTime(field, place);
+        return OtioTime();
+    }
+    if (!rate.isValid())
+        return OtioTime(); // nothing, whatever it is counted in
+    // A number that is whole answers the same whatever it is asked to give otherwise.
+    const bool isWhole = count.toInteger(0) == count.toInteger(1);
+    const OtioTime result =
+        isWhole ? OtioTime::fromUnits(count.toInteger(), rate) : OtioTime::fromUnits(count.toDouble(), rate);
+    if (result.isAtLimit())
+        noteBadTime(field, place);
+    return result;
+}
+
+OtioReader::Range OtioReader::readRange(const QJsonObject &owner, const QString &field, const QString &place)
+{
+    Range range;
+    const QJsonObject object = readObject(owner, field, place);
+    if (object.isEmpty())
+        return range;
+    OtioTime::Rate startRate;
+    range.isGiven = true;
+    range.start = readTime(object, kStartTime, place, startRate);
+    range.duration = readTime(object, kDuration, place, range.rate);
+    if (range.duration.isNegative()) {
+        noteBadTime(kDuration, place);
+        range.duration = OtioTime();
+    }
+    return range;
+}
+
+QString OtioReader::readString(const QJsonObject &owner, const QString &field, const QString &place)
+{
+    const QJsonValue value = owner.value(field);
+    if (!value.isString() && !value.isNull() && !value.isUndefined())
+        noteBadValue(field, place);
+    return value.toString();
+}
+
+bool OtioReader::readEnabled(const QJsonObject &owner, const QString &place)
+{
+    const QJsonValue value = owner.value(kEnabled);
+    if (!value.isBool() && !value.isNull() && !value.isUndefined())
+        noteBadValue(kEnabled, place);
+    return value.toBool(true);
+}
+
+QJsonArray OtioReader::readArray(const QJsonObject &owner, const QString &field, const QString &place)
+{
+    const QJsonValue value = owner.value(field);
+    if (!value.isArray() && !value.isNull() && !value.isUndefined())
+        noteBadValue(field, place);
+    return value.toArray();
+}
+
+QJsonObject OtioReader::readObject(const QJsonObject &owner, const QString &field, const QString &place)
+{
+    const QJsonValue value = owner.value(field);
+    if (!value.isObject() && !value.isNull() && !value.isUndefined())
+        noteBadValue(field, place);
+    return value.toObject();
+}
+
+void OtioReader::noteBadValue(const QString &field, const QString &place)
+{
+    m_notes.loss("bad-value", place, OtioText::tr("its %1 is of the wrong kind and is left out").arg(field));
+}
+
+void OtioReader::noteBadTime(const QString &field, const QString &place)
+{
+    m_notes.change("bad-time", place,
+        OtioText::tr("its %1 is no time, or out of bounds; the nearest possible one is taken").arg(field));
+}

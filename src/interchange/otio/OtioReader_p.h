@@ -1,0 +1,58 @@
+#pragma once
+
+#include "interchange/otio/OtioNode_p.h"
+
+#include <QJsonArray>
+#include <QJsonValue>
+
+class ImportNotes;
+
+/// Reads the objects of a file into a cut, in every schema version we know. What is of the wrong kind
+/// or unknown is read as absent and noted.
+class OtioReader
+{
+public:
+    static constexpr int mostItems = 500'000;
+
+    explicit OtioReader(ImportNotes &notes) : m_notes(notes) {}
+
+    /// False when @p root holds no cut; error() then tells why.
+    bool read(const QJsonObject &root, OtioCut &cut);
+    const QString &error() const { return m_error; }
+
+private:
+    struct Range {
+        bool isGiven = false;
+        OtioTime start;
+        OtioTime duration;
+        OtioTime::Rate rate;
+    };
+
+    bool readTop(const QJsonObject &top, OtioCut &cut);
+    void readTimeline(const QJsonObject &object, OtioCut &cut);
+    bool readCollection(const QJsonObject &object, OtioCut &cut);
+    void readStackOf(const QJsonObject &item, OtioCut &cut);
+
+    OtioNode readItem(const QJsonValue &value, const QString &place);
+    void readCommon(const QJsonObject &object, OtioNode &node, const QStringList &ownFields);
+    void readStackChildren(const QJsonObject &object, OtioNode &stack);
+    void readTrackChildren(const QJsonObject &object, OtioNode &track);
+    void readTrackKind(const QJsonObject &object, OtioNode &track);
+    void readTransition(const QJsonObject &object, OtioNode &transition);
+    void readClipMedia(const QJsonObject &object, OtioNode &clip);
+    QString mediaText(const QJsonObject &media) const;
+
+    OtioTime readTime(const QJsonObject &owner, const QString &field, const QString &place, OtioTime::Rate &rate);
+    Range readRange(const QJsonObject &owner, const QString &field, const QString &place);
+    QString readString(const QJsonObject &owner, const QString &field, const QString &place);
+    bool readEnabled(const QJsonObject &owner, const QString &place);
+    QJsonArray readArray(const QJsonObject &owner, const QString &field, const QString &place);
+    QJsonObject readObject(const QJsonObject &owner, const QString &field, const QString &place);
+
+    void noteBadValue(const QString &field, const QString &place);
+    void noteBadTime(const QString &field, const QString &place);
+
+    ImportNotes &m_notes;
+    QString m_error;
+    int m_items = 0;
+};

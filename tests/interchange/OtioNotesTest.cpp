@@ -1,0 +1,229 @@
+#include "interchange/CutText.h"
+
+#include <gtest/gtest.h>
+
+using namespace CutText;
+
+namespace
+{
+
+// The notes of one item, alone on the timeline.
+std::string notesOf(const QJsonObject &item)
+{
+    return print(read(timeline({track({item})})).notes);
+}
+
+QJsonObject object(const char *schema)
+{
+    return {{QStringLiteral("OTIO_SCHEMA"), QString::fromLatin1(schema)}};
+}
+
+QJsonObject media(const char *schema, const char *url)
+{
+    return with(object(schema), "target_url", QString::fromLatin1(url));
+}
+
+} // namespace
+
+TEST(OtioNotes, AreNoneWhereAllHasAPlace)
+{
+    EXPECT_EQ(notesOf(clip("A", 5)), "");
+}
+
+TEST(OtioNotes, TellWhatAClipLoses)
+{
+    EXPECT_EQ(notesOf(with(clip("A", 5), "markers", QJsonArray{object("Marker.2"), object("Marker.1")})),
+        "loss markers: track 1, item 1 (A): markers have no place: 2\n");
+    EXPECT_EQ(notesOf(with(clip("A", 5), "effects", QJsonArray{object("LinearTimeWarp.1")})),
+        "loss effects: track 1, item 1 (A): effects have no place: LinearTimeWarp.1\n");
+    EXPECT_EQ(
+        notesOf(with(clip("A", 5), "metadata", QJsonObject{{QStringLiteral("cmx"), 1}, {QStringLiteral("b"), 1}})),
+        "loss metadata: track 1, item 1 (A): metadata has no place: b, cmx\n");
+    EXPECT_EQ(notesOf(with(clip("A", 5), "media_reference", media("ExternalReference.1", "a.mov"))),
+        "loss media-reference: track 1, item 1 (A): media has no place: ExternalReference.1 a.mov\n");
+    EXPECT_EQ(notesOf(with(clip("A", 5), "source_range", range(12, 5))),
+        "loss source-in-point: track 1, item 1 (A): that it begins 12.000 frames into its media has no place\n");
+    EXPECT_EQ(notesOf(with(clip("A", 5), "color", object("Color.1"))),
+        "loss unknown-field: track 1, item 1 (A): fields without a place: color\n");
+}
+
+TEST(OtioNotes, NameAllMediaOfAClipInOne)
+{
+    const QJsonObject all = {{QStringLiteral("DEFAULT_MEDIA"), media("ExternalReference.1", "a.mov")},
+        {QStringLiteral("low"), media("ExternalReference.1", "b.mov")},
+        {QStringLiteral("none"), object("MissingReference.1")}};
+    EXPECT_EQ(notesOf(with(clip("A", 5), "media_references", all)),
+        "loss media-reference: track 1, item 1 (A): media has no place: ExternalReference.1 a.mov, ExternalReference.1 "
+        "b.mov\n");
+    EXPECT_EQ(notesOf(with(with(clip("A", 5), "media_references",
+                               QJsonObject{{QStringLiteral("x"), object("MissingReference.1")}}),
+                  "active_media_reference_key", QStringLiteral("y"))),
+        "change no-active-media: track 1, item 1 (A): there is no media reference \"y\"\n");
+}
+
+TEST(OtioNotes, TellWhatTimelineStackAndTrackLose)
+{
+    const QJsonObject metadata = {{QStringLiteral("x"), 1}};
+    const QJsonObject marked = with(track({clip("A", 5)}, "Video", "V"), "markers", QJsonArray{object("Marker.2")});
+    const QJsonObject tracks =
+        with(with(stack({marked}), "effects", QJsonArray{object("Effect.1")}), "name", QStringLiteral("S"));
+    EXPECT_EQ(print(read(with(with(timeline({}), "tracks", tracks), "metadata", metadata)).notes),
+        "loss metadata: timeline: metadata has no place: x\n"
+        "info name-without-place: stack (S): its name has no place\n"
+        "loss effects: stack (S): effects have no place: Effect.1\n"
+        "loss markers: track 1 (V): markers have no place: 1\n");
+}
+
+TEST(OtioNotes, TellNamesOfGapsAndTransitions)
+{
+    const OtioReading reading = read(timeline({track({clip("A", 5), with(dissolve(1, 1), "name", QStringLiteral("d")),
+        clip("B", 5), with(gap(2), "name", QStringLiteral("g"))})}));
+    EXPECT_EQ(print(reading.notes),
+        "info name-without-place: track 1, item 2 (d): its name has no place\n"
+        "info name-without-place: track 1, item 4 (g): its name has no place\n");
+}
+
+TEST(OtioNotes, TellTransitionsOfOtherTypes)
+{
+    const OtioReading reading = read(timeline(
+        {track({clip("A", 5), with(dissolve(1, 1), "transition_type", QStringLiteral("w:Wipe")), clip("B", 5)})}));
+    EXPECT_EQ(codes(reading), "transition-type");
+    EXPECT_EQ(reading.plan.transitions.size(), 1U);
+}
+
+TEST(OtioNotes, TellTransitionsThatHaveNoPlace)
+{
+    const std::vector<QJsonObject> joined = {clip("", 5), dissolve(1, 1), clip("", 5)};
+    EXPECT_EQ(codes(read(timeline({track({track(joined)})}))), "transition-in-shot");
+    EXPECT_EQ(codes(read(timeline({track({clip("A", 5)}), track(joined)}))), "transition-on-layer");
+    EXPECT_EQ(codes(read(timeline({track({clip("A", 5)}), track(joined, "Audio")}))), "transition-in-sound");
+    EXPECT_EQ(codes(read(stack({track({clip("A", 5)}), dissolve(1, 1)}))), "transition-at-edge");
+}
+
+TEST(OtioNotes, TellWhatLastsNoFrame)
+{
+    EXPECT_EQ(notesOf(clip("A", 0.4)),
+        "loss no-frame: track 1, item 1 (A): it lasts no whole frame and is left out\n"
+        "change empty-timeline: track 1: no item of it makes a shot: the storyboard is empty\n");
+    EXPECT_EQ(codes(read(timeline({track({clip("A", 5), gap(0)})}))), "no-frame");
+    EXPECT_EQ(codes(read(timeline({track({clip("A", 5), without(clip("B", 1), "source_range")})}))), "no-length");
+}
+
+TEST(OtioNotes, TellWhatIsRounded)
+{
+    EXPECT_EQ(notesOf(clip("A", 5.5)),
+        "change rounded: track 1, item 1 (A): it lasts from 0.000 to 5.500 frames, rounded to 0 and 6\n");
+}
+
+TEST(OtioNotes, TellWhatIsTrimmed)
+{
+    const QJsonObject items = with(track({clip("A", 5), clip("B", 5), clip("C", 5)}), "source_range", range(5, 7));
+    EXPECT_EQ(print(read(timeline({items})).notes),
+        "loss trimmed-away: track 1, item 1 (A): it lies outside the range that is shown and is left out\n"
+        "change trimmed: track 1, item 3 (C): only a part of it lies in the range that is shown\n");
+}
+
+TEST(OtioNotes, TellNestedThingsWithoutAPlace)
+{
+    const QJsonObject deep = track({track({clip("p", 5)}, "Video", "D")});
+    EXPECT_EQ(codes(read(timeline({track({deep})}))), "nested-too-deep");
+    EXPECT_EQ(print(read(timeline({track({deep})})).plan), " 1-5 (D 1-5)");
+    EXPECT_EQ(codes(read(timeline({track({clip("A", 5)}), track({deep})}))), "nested-on-layer");
+    EXPECT_EQ(codes(read(timeline({track({clip("A", 5)}), track({deep}, "Audio")}))), "nested-on-layer");
+    EXPECT_EQ(codes(read(timeline({track({track({clip("s", 5)}, "Audio")})}))), "nested-track empty-shot");
+    EXPECT_EQ(codes(read(timeline({track({track({gap(5)})})}))), "empty-shot");
+}
+
+TEST(OtioNotes, TellWhatIsDisabled)
+{
+    const QJsonObject off = with(clip("", 5), "enabled", false);
+    EXPECT_EQ(
+        notesOf(off), "info disabled: track 1, item 1: it is disabled, which its scenes or sounds are marked with\n");
+    EXPECT_EQ(codes(read(timeline({track({track({off})})}))), "disabled-panel");
+    EXPECT_EQ(
+        codes(read(timeline({track({stack({with(track({clip("p", 5)}), "enabled", false)})})}))), "disabled-panel");
+    EXPECT_EQ(codes(read(timeline({track({clip("A", 5)}), track({off}, "Audio")}))), "disabled-sound");
+    EXPECT_EQ(codes(read(timeline({track({clip("A", 5)}), with(track({clip("", 5)}, "Audio"), "enabled", false)}))),
+        "disabled");
+}
+
+TEST(OtioNotes, TellTracksOfOtherKinds)
+{
+    EXPECT_EQ(codes(read(timeline({track({clip("A", 5)}), track({clip("x", 5)}, "Captions")}))), "other-track");
+    EXPECT_EQ(codes(read(timeline({track({clip("", 5)}, "Audio")}))), "no-video-track");
+    EXPECT_EQ(codes(read(timeline({}))), "default-rate no-video-track");
+    EXPECT_EQ(codes(read(timeline({track({clip("A", 5)}), track({clip("s", 5)}, "Audio")}))), "sound-name");
+}
+
+TEST(OtioNotes, TellSchemasNobodyKnowsAndKeepTheirTime)
+{
+    const QJsonObject unknown = with(object("Hologram.3"), "source_range", range(0, 4));
+    const OtioReading reading = read(timeline({track({clip("A", 5), unknown, clip("B", 5)})}));
+    EXPECT_EQ(print(reading.plan), "A 1-5 (1-5) | B 10-14 (1-5)");
+    EXPECT_EQ(print(reading.notes),
+        "loss unknown-schema: track 1, item 2: a Hologram.3 is not known and is left out; its time is kept\n");
+    EXPECT_EQ(notesOf(with(clip("A", 5), "OTIO_SCHEMA", QStringLiteral("Clip.9"))),
+        "change newer-schema: track 1, item 1 (A): Clip.9 is newer than what is known and is read as Clip.2\n");
+}
+
+TEST(OtioNotes, TellValuesOfTheWrongKind)
+{
+    EXPECT_EQ(notesOf(with(clip("A", 5), "name", 7)),
+        "loss bad-value: track 1, item 1: its name is of the wrong kind and is left out\n");
+    for (const char *field : {"metadata", "effects", "markers", "enabled", "media_reference", "media_references"})
+        EXPECT_EQ(codes(read(timeline({track({with(clip("A", 5), field, 7)})}))), "bad-value") << field;
+    EXPECT_EQ(
+        codes(read(timeline({with(track({clip("A", 5)}), "children", 7)}))), "bad-value default-rate empty-timeline");
+    EXPECT_EQ(codes(read(with(timeline({}), "tracks", 7))), "bad-value default-rate no-video-track");
+    EXPECT_EQ(codes(OtioImport::read(R"({"OTIO_SCHEMA":"Track.1","children":[null]})")),
+        "bad-value default-rate no-frame empty-timeline");
+}
+
+TEST(OtioNotes, TellTimesThatAreNone)
+{
+    const auto codesOf = [](const QJsonObject &duration) {
+        const QJsonObject item = with(clip("A", 5), "source_range", with(range(0, 5), "duration", duration));
+        return codes(read(timeline({track({clip("Z", 5), item})})));
+    };
+    EXPECT_EQ(codesOf(time(3, 0)), "bad-time no-frame");
+    EXPECT_EQ(codesOf(time(3, -24)), "bad-time no-frame");
+    EXPECT_EQ(codesOf(time(-3, 24)), "bad-time no-frame");
+    EXPECT_EQ(codesOf(with(time(3, 24), "value", QStringLiteral("3"))), "bad-time no-frame");
+    EXPECT_EQ(codesOf(time(0, 0)), "no-frame");
+    EXPECT_EQ(codesOf(time(1e300, 24)), "bad-time too-late");
+    EXPECT_EQ(codes(read(timeline({track({clip("A", 5), dissolve(-1, 2), clip("B", 5)})}))), "bad-time");
+    EXPECT_EQ(codes(read(timeline({track({clip("A", 5), dissolve(2, -1), clip("B", 5)})}))), "bad-time");
+}
+
+TEST(OtioNotes, TellNumbersThatAreNone)
+{
+    const OtioReading reading =
+        OtioImport::read(R"({"OTIO_SCHEMA":"Track.1","metadata":{"a":NaN,"b":-Infinity,"c":99999999999999999999}})");
+    EXPECT_EQ(codes(reading), "number-not-finite number-too-long default-rate metadata empty-timeline");
+}
+
+TEST(OtioNotes, TellTheRestOfACollection)
+{
+    const QJsonObject collection = with(with(object("SerializableCollection.1"), "children", QJsonArray{clip("A", 5)}),
+        "metadata", QJsonObject{{QStringLiteral("x"), 1}});
+    EXPECT_EQ(codes(read(collection)), "metadata");
+}
+
+TEST(OtioNotes, KeepWhatPeopleReadShort)
+{
+    const OtioReading reading =
+        read(timeline({track({with(gap(5), "name", QString(10'000, QLatin1Char('x'))), clip("A", 5)})}));
+    ASSERT_EQ(reading.notes.size(), 1U);
+    EXPECT_LT(reading.notes[0].item.size(), 80);
+}
+
+TEST(OtioNotes, CountWhatNobodyWouldRead)
+{
+    std::vector<QJsonObject> items;
+    for (int i = 0; i < 250; ++i)
+        items.push_back(with(clip("A", 5), "source_range", range(1, 5)));
+    const OtioReading reading = read(timeline({track(items)}));
+    EXPECT_EQ(reading.plan.shots.size(), 250U);
+    ASSERT_EQ(reading.notes.size(), 101U);
+    EXPECT_EQ(print({reading.notes.back()}), "loss source-in-point: : and 150 more of this kind\n");
+}
