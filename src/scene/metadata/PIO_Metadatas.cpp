@@ -16,7 +16,7 @@ PIO_Metadatas::~PIO_Metadatas()
 
 void PIO_Metadatas::add(PIO_Metadata *record)
 {
-    if (record && !contains(record))
+    if (record)
         m_records.push_back(record);
 }
 

@@ -25,7 +25,7 @@ public:
     const_iterator begin() const { return m_records.begin(); }
     const_iterator end() const { return m_records.end(); }
 
-    /// Takes the record over, silently. Null and a record that is already here are ignored.
+    /// Takes the record over, silently; it is in no container yet. Null is ignored.
     void add(PIO_Metadata *record);
     /// Deletes the record; false when it is not here.
     bool remove(PIO_Metadata *record);

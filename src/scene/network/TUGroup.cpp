@@ -109,6 +109,8 @@ bool TUGroup::moveNode(MO_Node *node, const MO_Node *before)
 
 TUGroup::NodeList::iterator TUGroup::find(const MO_Node *node)
 {
+    if (!node)
+        return m_nodes.end();
     return std::find_if(
         m_nodes.begin(), m_nodes.end(), [node](const UT_SharedPtr<MO_Node> &held) { return held.get() == node; });
 }

@@ -1,21 +1,150 @@
 #include "scene/storage/SC_ProjectFile.h"
 
+#include "scene/metadata/PIO_WritingContext.h"
+#include "scene/metadata/PO_XmlWriter.h"
+#include "scene/session/SC_Project.h"
+#include "scene/storage/ProjectReader_p.h"
+#include "scene/storage/ProjectWriter_p.h"
 #include "scene/storage/SC_FileReport.h"
 
-QString SC_ProjectFile::resolve(const QString &path, SC_FileReport &)
+#include <QCryptographicHash>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QSaveFile>
+
+#include <optional>
+
+namespace
 {
-    return path;
+
+// A hundred times what a hundred hours of storyboard take.
+constexpr qint64 largestFile = qint64(1) << 30;
+
+void fail(SC_FileReport &report, const QString &filePath, const QString &message)
+{
+    report.add({SC_FileReport::Error, filePath, 0, 0, QString(), message});
+}
+
+QByteArray digestOf(const QByteArray &text)
+{
+    return QCryptographicHash::hash(text, QCryptographicHash::Blake2b_256);
+}
+
+std::optional<QByteArray> contentOf(const QString &filePath, SC_FileReport &report)
+{
+    // Pipes and devices have no end.
+    if (!QFileInfo(filePath).isFile()) {
+        fail(report, filePath,
+            QFileInfo::exists(filePath) ? QStringLiteral("this is no regular file")
+                                        : QStringLiteral("there is no such file"));
+        return std::nullopt;
+    }
+    QFile file(filePath);
+    if (!file.open(QIODevice::ReadOnly)) {
+        fail(report, filePath, QStringLiteral("cannot be opened: %1").arg(file.errorString()));
+        return std::nullopt;
+    }
+    const QByteArray content = file.read(largestFile + 1);
+    if (file.error() != QFileDevice::NoError) {
+        fail(report, filePath, QStringLiteral("cannot be read: %1").arg(file.errorString()));
+        return std::nullopt;
+    }
+    if (content.size() > largestFile) {
+        fail(report, filePath, QStringLiteral("the file is larger than %1 bytes").arg(largestFile));
+        return std::nullopt;
+    }
+    return content;
+}
+
+/// Whether the file may be replaced: it is not there, or is what the project last read or wrote.
+bool mayReplace(const QString &filePath, const QByteArray &knownDigest, SC_FileReport &report)
+{
+    if (!QFileInfo::exists(filePath) && !QFileInfo(filePath).isSymLink())
+        return true;
+    if (knownDigest.isEmpty()) {
+        fail(
+            report, filePath, QStringLiteral("not saved: there is a file already that this project was not read from"));
+        return false;
+    }
+    const std::optional<QByteArray> content = contentOf(filePath, report);
+    if (!content)
+        return false;
+    if (digestOf(*content) == knownDigest)
+        return true;
+    fail(report, filePath, QStringLiteral("not saved: the file was changed since it was read or saved"));
+    return false;
+}
+
+} // namespace
+
+QString SC_ProjectFile::resolve(const QString &path, SC_FileReport &report)
+{
+    const QFileInfo info(path);
+    if (path.isEmpty() || !info.exists()) {
+        fail(report, path, QStringLiteral("there is no such file or folder"));
+        return QString();
+    }
+    if (!info.isDir())
+        return path;
+    const QStringList files =
+        QDir(path).entryList({QStringLiteral("*.plotka")}, QDir::Files | QDir::Hidden, QDir::Name);
+    if (files.size() == 1)
+        return QDir(path).filePath(files.first());
+    fail(report, path,
+        files.isEmpty() ? QStringLiteral("the folder holds no project file")
+                        : QStringLiteral("the folder holds more than one project file"));
+    return QString();
 }
 
 SC_Project *SC_ProjectFile::read(const QString &filePath, SC_FileReport &report)
 {
-    report.add({SC_FileReport::Error, filePath, 0, 0, QString(), QStringLiteral("project files cannot be read yet")});
-    return nullptr;
+    const std::optional<QByteArray> content = contentOf(filePath, report);
+    if (!content)
+        return nullptr;
+    SC_Project *const project = fromText(*content, filePath, report);
+    if (project)
+        project->projectCommon()->dbSceneData()->setFileDigest(digestOf(*content));
+    return project;
 }
 
-bool SC_ProjectFile::write(const SC_Project &, const QString &filePath, SC_FileReport &report)
+bool SC_ProjectFile::write(const SC_Project &project, const QString &filePath, SC_FileReport &report)
 {
-    report.add(
-        {SC_FileReport::Error, filePath, 0, 0, QString(), QStringLiteral("project files cannot be written yet")});
-    return false;
+    const QFileInfo info(filePath);
+    const QByteArray text = toText(project, info.completeBaseName());
+    if (text.size() > largestFile) {
+        fail(report, filePath, QStringLiteral("not saved: the file would be larger than %1 bytes").arg(largestFile));
+        return false;
+    }
+    if (!QDir().mkpath(info.path())) {
+        fail(report, filePath, QStringLiteral("not saved: the folder cannot be made"));
+        return false;
+    }
+    TUDbSceneData &data = *project.projectCommon()->dbSceneData();
+    QSaveFile file(filePath);
+    const bool isWritten = file.open(QIODevice::WriteOnly) && file.write(text) == text.size() && file.flush();
+    // Looked at as late as can be: others may save the same project.
+    if (isWritten && !mayReplace(filePath, data.fileDigest(), report)) {
+        file.cancelWriting();
+        return false;
+    }
+    if (!isWritten || !file.commit()) {
+        fail(report, filePath, QStringLiteral("not saved: %1").arg(file.errorString()));
+        return false;
+    }
+    data.setFileDigest(digestOf(text));
+    return true;
+}
+
+SC_Project *SC_ProjectFile::fromText(const QByteArray &text, const QString &filePath, SC_FileReport &report)
+{
+    return ProjectReader(text, filePath, report).read();
+}
+
+QByteArray SC_ProjectFile::toText(const SC_Project &project, const QString &name)
+{
+    PO_XmlWriter writer;
+    PIO_WritingContext context(writer);
+    ProjectWriter(project, context).write(name);
+    return writer.bytes();
 }

@@ -22,6 +22,16 @@ MO_Node *TUTimedValue::linkedNodes(unsigned int index) const
     return nullptr;
 }
 
+std::vector<MO_Node *> TUTimedValue::linkedNodes() const
+{
+    std::vector<MO_Node *> nodes;
+    for (const UT_SharedWeakPtr<MO_Node> &node : m_linkedNodes) {
+        if (node)
+            nodes.push_back(node.get());
+    }
+    return nodes;
+}
+
 void TUTimedValue::setName(const QString &name)
 {
     if (name == m_name)

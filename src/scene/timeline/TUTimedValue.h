@@ -31,6 +31,8 @@ public:
 
     /// The n-th node linked to this timed value, in the order of linking; null past the end.
     MO_Node *linkedNodes(unsigned int index) const;
+    /// All of them in that order.
+    std::vector<MO_Node *> linkedNodes() const;
 
     /// @name Edits
     /// @{

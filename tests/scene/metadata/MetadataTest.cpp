@@ -134,7 +134,6 @@ TEST(Metadatas, OwnWhatTheyHoldInTheOrderOfAdding)
         auto *second = new MortalRecord(&secondAlive);
         records.add(first);
         records.add(second);
-        records.add(first);
         records.add(nullptr);
         EXPECT_EQ(
             std::vector<PIO_Metadata *>(records.begin(), records.end()), (std::vector<PIO_Metadata *>{first, second}));

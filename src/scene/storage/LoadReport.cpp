@@ -1,0 +1,33 @@
+#include "scene/storage/LoadReport_p.h"
+
+#include <QXmlStreamReader>
+
+#include <utility>
+
+FilePlace FilePlace::of(const QXmlStreamReader &xml)
+{
+    return {xml.lineNumber(), xml.columnNumber()};
+}
+
+LoadReport::LoadReport(QString filePath, SC_FileReport &report) : m_filePath(std::move(filePath)), m_report(report) {}
+
+void LoadReport::warn(FilePlace place, const QString &item, const QString &message)
+{
+    if (++m_warnings <= warningLimit)
+        m_report.add({SC_FileReport::Warning, m_filePath, place.line, place.column, item, message});
+}
+
+void LoadReport::fail(FilePlace place, const QString &message)
+{
+    if (!m_failed)
+        m_report.add({SC_FileReport::Error, m_filePath, place.line, place.column, QString(), message});
+    m_failed = true;
+}
+
+void LoadReport::close()
+{
+    if (m_warnings <= warningLimit)
+        return;
+    m_report.add({SC_FileReport::Warning, m_filePath, 0, 0, QString(),
+        QStringLiteral("and %1 more like these").arg(m_warnings - warningLimit)});
+}

@@ -1,0 +1,369 @@
+#include "scene/storage/ProjectReader_p.h"
+
+#include "scene/metadata/PIO_Metadatas.h"
+#include "scene/metadata/PIO_RecordReader.h"
+#include "scene/network/MO_ElementModule.h"
+#include "scene/network/MO_UnconnectedCompositeModule.h"
+#include "scene/network/TUGroup.h"
+#include "scene/session/SC_Project.h"
+#include "scene/session/TUScene.h"
+#include "scene/storage/ElementAttributes_p.h"
+#include "scene/storage/ProjectFileKeys_p.h"
+#include "scene/storage/SequenceLoader_p.h"
+#include "scene/storage/XmlBounds_p.h"
+#include "scene/timeline/TUSeqTimedValue.h"
+#include "scene/timeline/TUSoundTimedValue.h"
+
+#include <QFileInfo>
+
+namespace keys = ProjectFileKeys;
+
+namespace
+{
+
+void readFlags(MO_Node &node, const ElementAttributes &attributes)
+{
+    node.setEnabled(attributes.readBool(keys::enabled, true));
+    node.setLocked(attributes.readBool(keys::locked, false));
+    node.setCollapsed(attributes.readBool(keys::collapsed, false));
+}
+
+void readAlignment(MO_AnimatedModule &module, const ElementAttributes &attributes, LoadReport &report)
+{
+    const int alignment = attributes.readInt(keys::cameraAlignment, AT_Enums::NoAlignment);
+    if (alignment >= AT_Enums::NoAlignment && alignment <= AT_Enums::LockToCamera)
+        module.setCameraAlignment(static_cast<AT_Enums::CameraAlignment>(alignment));
+    else
+        report.warn(attributes.place(), module.instanceName(), QStringLiteral("its camera alignment is unknown"));
+}
+
+} // namespace
+
+ProjectReader::ProjectReader(const QByteArray &text, const QString &filePath, SC_FileReport &report) :
+    m_filePath(filePath), m_report(filePath, report), m_text(text), m_buffer(&m_text), m_network(m_report)
+{
+}
+
+SC_Project *ProjectReader::read()
+{
+    const XmlBounds::Excess excess = XmlBounds::find(m_text);
+    if (!excess.message.isEmpty()) {
+        m_report.fail(excess.place, excess.message);
+        return nullptr;
+    }
+    m_buffer.open(QIODevice::ReadOnly);
+    m_xml.setDevice(&m_buffer);
+    // Content of unknown records is written back as it came, whatever its prefixes mean.
+    m_xml.setNamespaceProcessing(false);
+    readProject();
+    while (!m_xml.atEnd())
+        m_xml.readNext();
+    if (m_xml.hasError()) {
+        const bool isTruncated = m_xml.error() == QXmlStreamReader::PrematureEndOfDocumentError;
+        m_report.fail(
+            FilePlace::of(m_xml), isTruncated ? QStringLiteral("the file is truncated") : m_xml.errorString());
+    }
+    if (!m_report.hasFailed())
+        m_network.finish();
+    m_report.close();
+    return m_report.hasFailed() ? nullptr : m_project.release();
+}
+
+void ProjectReader::readProject()
+{
+    if (!m_xml.readNextStartElement())
+        return;
+    if (m_xml.name() != keys::plotka)
+        return fail(QStringLiteral("this is no Plotka project"));
+    if (!readHeader())
+        return;
+    while (m_xml.readNextStartElement()) {
+        if (m_xml.name() == keys::metadata)
+            readRecord(m_project->metadatas());
+        else if (m_xml.name() == keys::scene)
+            readScene();
+        else
+            skipUnknown();
+    }
+    if (!m_xml.hasError() && m_project->sceneCount() == 0)
+        fail(QStringLiteral("the project has no scene"));
+}
+
+bool ProjectReader::readHeader()
+{
+    const ElementAttributes attributes(m_xml, m_report);
+    const auto format = attributes.findNumber(keys::format);
+    const auto nextId = attributes.findId(keys::nextId);
+    const auto startTimecode = attributes.findNumber(keys::startTimecode);
+    UT_FrameRate rate;
+    if (format && *format > keys::formatVersion) {
+        fail(QStringLiteral("the project was saved by a newer version: its format is %1, the newest known is %2")
+                 .arg(QString::number(*format), QString::number(keys::formatVersion)));
+        return false;
+    }
+    if (!format || *format < 1 || !nextId || nextId->value() < 1 || !startTimecode || !attributes.has(keys::rate)
+        || !rate.parse(attributes.text(keys::rate))) {
+        fail(QStringLiteral("the header cannot be read: format, nextId, rate and startTimecode must be there"));
+        return false;
+    }
+    const QFileInfo file(m_filePath);
+    m_project = std::make_unique<SC_Project>(file.path(), file.completeBaseName());
+    SC_ProjectCommon &common = *m_project->projectCommon();
+    common.setFrameRate(rate);
+    common.setStartTimecode(*startTimecode);
+    common.reserveId(SC_Id(nextId->value() - 1));
+    return true;
+}
+
+void ProjectReader::readScene()
+{
+    if (!begin())
+        return;
+    const ElementAttributes attributes(m_xml, m_report);
+    const auto object = attributes.findId(keys::object);
+    const auto sceneId = attributes.findId(keys::scene);
+    const bool isReadable = object && sceneId && !object->isNull() && !sceneId->isNull();
+    if (!isReadable && m_project->sceneCount() == 0)
+        return fail(QStringLiteral("the ids of the top scene cannot be read"));
+    if (!isReadable)
+        return skipDamaged(QStringLiteral("scene"), QStringLiteral("its ids cannot be read"));
+    if (m_project->sceneCount() == sceneLimit)
+        return fail(QStringLiteral("there are more than %1 scenes").arg(sceneLimit));
+    if (!takeId(*object) || !takeId(*sceneId))
+        return;
+    m_sceneId = *sceneId;
+    if (TUScene *scene = m_project->addScene(*object, *sceneId))
+        readSceneParts(*scene);
+}
+
+void ProjectReader::readSceneParts(TUScene &scene)
+{
+    bool hasRoot = false;
+    while (m_xml.readNextStartElement()) {
+        const QStringView name = m_xml.name();
+        if (name == keys::metadata)
+            readRecord(scene.metadatas());
+        else if (name == keys::sequence)
+            readSequence(scene);
+        else if (name == keys::sounds)
+            readSounds(scene);
+        else if (name == keys::node && !hasRoot && (hasRoot = true))
+            readRoot(scene);
+        else if (name == keys::composite && !scene.unconnectedComposite())
+            readComposite(scene);
+        else
+            skipUnknown();
+    }
+}
+
+void ProjectReader::readSequence(TUScene &scene)
+{
+    if (!begin())
+        return;
+    TUSeqTimedValue &sequence = *scene.addSeqTimedValue(ElementAttributes(m_xml, m_report).text(keys::name));
+    SequenceLoader loader(sequence, m_report);
+    while (m_xml.readNextStartElement()) {
+        const QStringView name = m_xml.name();
+        if (name == keys::link) {
+            readLink(sequence);
+            continue;
+        }
+        const bool isTransition = name == keys::transition;
+        if (!isTransition && name != keys::warp && name != keys::clip && name != keys::empty) {
+            skipUnknown();
+            continue;
+        }
+        if (!begin())
+            return;
+        const ElementAttributes attributes(m_xml, m_report);
+        if (isTransition) {
+            const auto id = attributes.findId(keys::id);
+            if (id && !id->isNull() && !takeId(*id))
+                return;
+            loader.addTransition(attributes);
+        } else {
+            loader.addBlock(name == keys::warp ? SequenceLoader::Kind::Warp
+                    : name == keys::clip       ? SequenceLoader::Kind::Clip
+                                               : SequenceLoader::Kind::Empty,
+                attributes);
+        }
+        end();
+    }
+    if (!m_xml.hasError())
+        loader.finish();
+}
+
+void ProjectReader::readSounds(TUScene &scene)
+{
+    if (!begin())
+        return;
+    const ElementAttributes attributes(m_xml, m_report);
+    TUSoundTimedValue &sounds = *scene.addSoundTimedValue(attributes.text(keys::name));
+    sounds.audible = attributes.readBool(keys::audible, true);
+    sounds.muted = attributes.readBool(keys::muted, false);
+    sounds.setExcluded(attributes.readBool(keys::excluded, false));
+    while (m_xml.readNextStartElement()) {
+        if (m_xml.name() == keys::link)
+            readLink(sounds);
+        else if (m_xml.name() == keys::sound)
+            readSound(sounds);
+        else
+            skipUnknown();
+    }
+}
+
+void ProjectReader::readSound(TUSoundTimedValue &sounds)
+{
+    if (!begin())
+        return;
+    const ElementAttributes attributes(m_xml, m_report);
+    const auto id = attributes.findId(keys::id);
+    if (id && !id->isNull() && !takeId(*id))
+        return;
+    TUSoundTimedValue::Sound sound{id.value_or(SC_Id()), attributes.findFrames(keys::from).value_or(0),
+        attributes.findFrames(keys::to).value_or(0), attributes.text(keys::name)};
+    if (!sounds.addSound(sound))
+        m_report.warn(attributes.place(), QStringLiteral("sound of \"%1\"").arg(sounds.getName()),
+            QStringLiteral("left out: its id or its frames cannot be read"));
+    end();
+}
+
+void ProjectReader::readLink(TUTimedValue &timedValue)
+{
+    if (!begin())
+        return;
+    m_network.addLink(&timedValue, m_sceneId, ElementAttributes(m_xml, m_report));
+    end();
+}
+
+void ProjectReader::readRoot(TUScene &scene)
+{
+    if (!begin())
+        return;
+    const ElementAttributes attributes(m_xml, m_report);
+    if (attributes.text(keys::kind) != keys::group)
+        return skipDamaged(QStringLiteral("node"), QStringLiteral("the nodes of a scene stand in a group"));
+    TUGroup &root = *scene.getRootGroup();
+    root.setInstanceName(attributes.text(keys::name));
+    readFlags(root, attributes);
+    m_network.addNode(&root, m_sceneId, attributes);
+    readNodesOf(root);
+}
+
+void ProjectReader::readNodesOf(TUGroup &group)
+{
+    while (m_xml.readNextStartElement()) {
+        if (m_xml.name() == keys::node)
+            readNode(group);
+        else
+            skipUnknown();
+    }
+}
+
+void ProjectReader::readNode(TUGroup &group)
+{
+    if (!begin())
+        return;
+    const ElementAttributes attributes(m_xml, m_report);
+    const QString kind = attributes.text(keys::kind);
+    const QString name = attributes.text(keys::name);
+    const QString keyword = attributes.text(keys::keyword);
+    SC_SceneCommon *const scene = group.sceneCommon();
+    UT_SharedPtr<MO_Node> node;
+    if (kind == keys::element) {
+        auto *element = new MO_ElementModule(scene, name);
+        node = element;
+        element->setLineArtDrawingMode(attributes.readInt(keys::lineArt, 0));
+        readAlignment(*element, attributes, m_report);
+    } else if (kind == keys::animated) {
+        auto *animated = new MO_AnimatedModule(scene, keyword, name);
+        node = animated;
+        readAlignment(*animated, attributes, m_report);
+    } else if (kind == keys::group) {
+        node = new TUGroup(scene, name);
+    } else if (kind == keys::module) {
+        node = new MO_Module(scene, keyword, name);
+    } else if (kind == keys::node) {
+        node = new MO_Node(scene, keyword, name);
+    } else {
+        return skipDamaged(QStringLiteral("node \"%1\"").arg(name), QStringLiteral("its class is unknown"));
+    }
+    readFlags(*node, attributes);
+    group.addNode(node);
+    m_network.addNode(node.get(), m_sceneId, attributes);
+    if (auto *inner = dynamic_cast<TUGroup *>(node.get()))
+        readNodesOf(*inner);
+    else
+        end();
+}
+
+void ProjectReader::readComposite(TUScene &scene)
+{
+    if (!begin())
+        return;
+    const ElementAttributes attributes(m_xml, m_report);
+    MO_UnconnectedCompositeModule &composite = *scene.addUnconnectedComposite();
+    composite.setInstanceName(attributes.text(keys::name));
+    readFlags(composite, attributes);
+    composite.firstAttribute()->setBool(attributes.readBool(keys::firstAttribute, false));
+    m_network.addNode(&composite, m_sceneId, attributes);
+    end();
+}
+
+void ProjectReader::readRecord(PIO_Metadatas *records)
+{
+    if (!begin())
+        return;
+    PIO_RecordResult result = PIO_RecordReader::read(m_xml);
+    if (!result.message.isEmpty()) {
+        const QString type = result.record ? result.record->metaType() : QString();
+        m_report.warn({result.line, result.column}, QStringLiteral("record \"%1\"").arg(type), result.message);
+    }
+    if (result.record)
+        records->add(result.record.release());
+}
+
+/// Counts an item of the file. False when it is one too many.
+bool ProjectReader::begin()
+{
+    if (++m_items <= itemLimit)
+        return true;
+    fail(QStringLiteral("there are more than %1 items").arg(itemLimit));
+    return false;
+}
+
+/// Leaves an element that holds nothing else.
+void ProjectReader::end()
+{
+    while (m_xml.readNextStartElement())
+        skipUnknown();
+}
+
+void ProjectReader::skipUnknown()
+{
+    m_report.warn(FilePlace::of(m_xml), m_xml.name().toString(), QStringLiteral("left out: it is not known here"));
+    m_xml.skipCurrentElement();
+}
+
+void ProjectReader::skipDamaged(const QString &item, const QString &reason)
+{
+    m_report.warn(FilePlace::of(m_xml), item, QStringLiteral("left out: %1").arg(reason));
+    m_xml.skipCurrentElement();
+}
+
+/// An id belongs to one thing. False, and an error, when it is taken.
+bool ProjectReader::takeId(const SC_Id &id)
+{
+    const qsizetype known = m_ids.size();
+    m_ids.insert(id.value());
+    if (m_ids.size() > known)
+        return true;
+    fail(QStringLiteral("the id %1 is given twice").arg(id.AsString()));
+    return false;
+}
+
+void ProjectReader::fail(const QString &message)
+{
+    m_report.fail(FilePlace::of(m_xml), message);
+    m_xml.raiseError(message); // ends every loop
+}

@@ -1,0 +1,71 @@
+#pragma once
+
+#include "scene/base/SC_Id.h"
+#include "scene/storage/LoadReport_p.h"
+#include "scene/storage/NetworkLoader_p.h"
+
+#include <QBuffer>
+#include <QByteArray>
+#include <QSet>
+#include <QString>
+#include <QXmlStreamReader>
+
+#include <memory>
+
+class PIO_Metadatas;
+class SC_Project;
+class TUGroup;
+class TUScene;
+class TUSeqTimedValue;
+class TUSoundTimedValue;
+class TUTimedValue;
+
+/// Reads a project from the text of its file.
+///
+/// What is damaged is left out and told, one item at a time. There is no project when the text is no
+/// project, is not well-formed to its end, or has two things of one id.
+class ProjectReader
+{
+public:
+    /// More than these no storyboard has; a file that tells more is believed to be a trap.
+    static constexpr int sceneLimit = 1000000;
+    static constexpr int itemLimit = 8000000;
+
+    ProjectReader(const QByteArray &text, const QString &filePath, SC_FileReport &report);
+
+    /// Null after an error. The caller takes the project over.
+    SC_Project *read();
+
+private:
+    void readProject();
+    bool readHeader();
+    void readScene();
+    void readSceneParts(TUScene &scene);
+    void readSequence(TUScene &scene);
+    void readSounds(TUScene &scene);
+    void readSound(TUSoundTimedValue &sounds);
+    void readLink(TUTimedValue &timedValue);
+    void readRoot(TUScene &scene);
+    void readNodesOf(TUGroup &group);
+    void readNode(TUGroup &group);
+    void readComposite(TUScene &scene);
+    void readRecord(PIO_Metadatas *records);
+
+    bool begin();
+    void end();
+    void skipUnknown();
+    void skipDamaged(const QString &item, const QString &reason);
+    bool takeId(const SC_Id &id);
+    void fail(const QString &message);
+
+    QString m_filePath;
+    LoadReport m_report;
+    QByteArray m_text;
+    QBuffer m_buffer;
+    QXmlStreamReader m_xml;
+    std::unique_ptr<SC_Project> m_project;
+    NetworkLoader m_network;
+    QSet<qint64> m_ids;
+    SC_Id m_sceneId; // of the scene that is being read
+    int m_items = 0;
+};

@@ -1,0 +1,240 @@
+#include "scene/storage/ProjectWriter_p.h"
+
+#include "scene/metadata/PIO_RecordWriter.h"
+#include "scene/metadata/PIO_WritingContext.h"
+#include "scene/metadata/PO_XmlWriter.h"
+#include "scene/network/MO_ElementModule.h"
+#include "scene/network/MO_Port.h"
+#include "scene/network/MO_UnconnectedCompositeModule.h"
+#include "scene/network/TUGroup.h"
+#include "scene/session/SC_Project.h"
+#include "scene/session/TUScene.h"
+#include "scene/storage/ProjectFileKeys_p.h"
+#include "scene/timeline/AT_TimeWarpSeq.h"
+#include "scene/timeline/AT_TransitionSeq.h"
+#include "scene/timeline/TUSeqTimedValue.h"
+#include "scene/timeline/TUSoundTimedValue.h"
+
+namespace keys = ProjectFileKeys;
+
+namespace
+{
+
+QString textOf(qint64 number)
+{
+    return QString::number(number);
+}
+
+const TUScene *sceneOf(const MO_Node &node)
+{
+    return node.sceneCommon() ? node.sceneCommon()->scene() : nullptr;
+}
+
+const QString &classOf(const MO_Node &node)
+{
+    if (dynamic_cast<const TUGroup *>(&node))
+        return keys::group;
+    if (dynamic_cast<const MO_ElementModule *>(&node))
+        return keys::element;
+    if (dynamic_cast<const MO_AnimatedModule *>(&node))
+        return keys::animated;
+    return dynamic_cast<const MO_Module *>(&node) ? keys::module : keys::node;
+}
+
+} // namespace
+
+ProjectWriter::ProjectWriter(const SC_Project &project, PIO_WritingContext &context) :
+    m_project(project), m_context(context), m_writer(context.xmlWriter())
+{
+}
+
+void ProjectWriter::write(const QString &name)
+{
+    // Numbered first: a link may lead into a later scene.
+    for (unsigned int i = 0; i < m_project.sceneCount(); ++i) {
+        if (const auto *scene = dynamic_cast<const TUScene *>(m_project.sceneAt(i)))
+            number(*scene);
+    }
+
+    const SC_ProjectCommon &common = *m_project.projectCommon();
+    m_writer.beginDocument();
+    m_writer.beginElement(keys::plotka);
+    m_writer.encodeIntAttr(keys::format, keys::formatVersion);
+    m_writer.encodeStringAttr(keys::name, name);
+    m_writer.encodeStringAttr(keys::nextId, textOf(common.nextId()));
+    m_writer.encodeStringAttr(keys::rate, common.frameRate().asString());
+    m_writer.encodeStringAttr(keys::startTimecode, textOf(common.startTimecode()));
+    PIO_RecordWriter::write(m_project.metadatas(), m_context);
+    for (unsigned int i = 0; i < m_project.sceneCount(); ++i) {
+        if (const auto *scene = dynamic_cast<const TUScene *>(m_project.sceneAt(i)))
+            writeScene(*scene);
+    }
+    m_writer.endElement();
+}
+
+void ProjectWriter::number(const TUScene &scene)
+{
+    int last = 0;
+    if (const TUGroup *root = scene.getRootGroup())
+        number(*root, last);
+    if (const MO_UnconnectedCompositeModule *composite = scene.unconnectedComposite())
+        m_numbers.insert(composite, ++last);
+}
+
+void ProjectWriter::number(const TUGroup &group, int &last)
+{
+    m_numbers.insert(&group, ++last);
+    for (auto node = group.subNodesBegin(); node != group.subNodesEnd(); ++node) {
+        if (const auto *inner = dynamic_cast<const TUGroup *>(node->get()))
+            number(*inner, last);
+        else
+            m_numbers.insert(node->get(), ++last);
+    }
+}
+
+void ProjectWriter::writeScene(const TUScene &scene)
+{
+    m_writer.beginElement(keys::scene);
+    m_writer.encodeStringAttr(keys::object, scene.objectId().AsString());
+    m_writer.encodeStringAttr(keys::scene, scene.sceneId().AsString());
+    PIO_RecordWriter::write(scene.metadatas(), m_context);
+    for (const TUTimedValue *timedValue : scene.timedValues()) {
+        if (const auto *sequence = dynamic_cast<const TUSeqTimedValue *>(timedValue))
+            writeSequence(*sequence);
+        else if (const auto *sounds = dynamic_cast<const TUSoundTimedValue *>(timedValue))
+            writeSounds(*sounds);
+    }
+    if (const TUGroup *root = scene.getRootGroup())
+        writeNode(*root);
+    if (const MO_UnconnectedCompositeModule *composite = scene.unconnectedComposite())
+        writeComposite(*composite);
+    m_writer.endElement();
+}
+
+void ProjectWriter::writeSequence(const TUSeqTimedValue &sequence)
+{
+    m_writer.beginElement(keys::sequence);
+    m_writer.encodeStringAttr(keys::name, sequence.getName());
+    writeLinks(sequence);
+    for (auto block = sequence.beginBlock(); block != sequence.endBlock(); ++block)
+        writeBlock(*block);
+    m_writer.endElement();
+}
+
+void ProjectWriter::writeLinks(const TUTimedValue &timedValue)
+{
+    for (const MO_Node *node : timedValue.linkedNodes()) {
+        if (!m_numbers.contains(node))
+            continue;
+        m_writer.beginElement(keys::link);
+        writeReference(keys::node, keys::scene, node, timedValue.sceneCommon()->scene());
+        m_writer.endElement();
+    }
+}
+
+void ProjectWriter::writeBlock(const AT_FrameBlock &block)
+{
+    TUSeq *const seq = block.seq();
+    const AT_TransitionSeq *const transition = AT_TransitionSeq::toTransition(seq);
+    const AT_TimeWarpSeq *const warp = AT_TimeWarpSeq::toTimeWarp(seq);
+    const bool placesScene = seq && seq->identifiedSeq() && seq->sceneSeq();
+    if (transition)
+        m_writer.beginElement(keys::transition);
+    else if (placesScene)
+        m_writer.beginElement(warp ? keys::warp : keys::clip);
+    else
+        m_writer.beginElement(keys::empty);
+    m_writer.encodeStringAttr(keys::from, textOf(block.fromFrame()));
+    m_writer.encodeStringAttr(keys::frames, textOf(block.key.frameCount));
+    if (transition) {
+        m_writer.encodeStringAttr(keys::id, transition->id.AsString());
+        m_writer.encodeStringAttr(keys::before, textOf(transition->framesBeforeCut()));
+        m_writer.encodeIntAttr(keys::type, transition->type);
+        m_writer.encodeIntAttr(keys::angle, transition->angle);
+        m_writer.encodeBoolAttr(keys::reverse, transition->reverse);
+    } else if (placesScene) {
+        m_writer.encodeStringAttr(keys::object, seq->identifiedSeq()->id.AsString());
+        m_writer.encodeStringAttr(keys::scene, seq->sceneSeq()->id.AsString());
+        if (warp) {
+            m_writer.encodeDoubleAttr(keys::start, warp->start);
+            m_writer.encodeDoubleAttr(keys::end, warp->end);
+        }
+    }
+    m_writer.endElement();
+}
+
+void ProjectWriter::writeSounds(const TUSoundTimedValue &sounds)
+{
+    m_writer.beginElement(keys::sounds);
+    m_writer.encodeStringAttr(keys::name, sounds.getName());
+    m_writer.encodeBoolAttr(keys::audible, sounds.audible);
+    m_writer.encodeBoolAttr(keys::muted, sounds.muted);
+    m_writer.encodeBoolAttr(keys::excluded, sounds.isExcluded());
+    writeLinks(sounds);
+    for (const TUSoundTimedValue::Sound &sound : sounds.sounds()) {
+        m_writer.beginElement(keys::sound);
+        m_writer.encodeStringAttr(keys::id, sound.id.AsString());
+        m_writer.encodeStringAttr(keys::from, textOf(sound.fromFrame));
+        m_writer.encodeStringAttr(keys::to, textOf(sound.toFrame));
+        m_writer.encodeStringAttr(keys::name, sound.name);
+        m_writer.endElement();
+    }
+    m_writer.endElement();
+}
+
+void ProjectWriter::writeNode(const MO_Node &node)
+{
+    m_writer.beginElement(keys::node);
+    const QString &kind = classOf(node);
+    m_writer.encodeStringAttr(keys::kind, kind);
+    writeCommonOf(node);
+    if (kind != keys::group && kind != keys::element)
+        m_writer.encodeStringAttr(keys::keyword, node.keyword());
+    if (const MO_Node *parent = node.getParentNode())
+        writeReference(keys::parent, QString(), parent, sceneOf(node));
+    if (const auto *animated = dynamic_cast<const MO_AnimatedModule *>(&node); animated && animated->cameraAlignment())
+        m_writer.encodeIntAttr(keys::cameraAlignment, animated->cameraAlignment());
+    if (const auto *element = dynamic_cast<const MO_ElementModule *>(&node); element && element->lineArtDrawingMode())
+        m_writer.encodeIntAttr(keys::lineArt, element->lineArtDrawingMode());
+    if (const auto *group = dynamic_cast<const TUGroup *>(&node)) {
+        for (auto inner = group->subNodesBegin(); inner != group->subNodesEnd(); ++inner)
+            writeNode(**inner);
+    }
+    m_writer.endElement();
+}
+
+void ProjectWriter::writeComposite(const MO_UnconnectedCompositeModule &composite)
+{
+    m_writer.beginElement(keys::composite);
+    writeCommonOf(composite);
+    m_writer.encodeBoolAttr(keys::firstAttribute, composite.firstAttribute()->value());
+    m_writer.endElement();
+}
+
+/// What stands as it does by default is not written: most nodes are plain.
+void ProjectWriter::writeCommonOf(const MO_Node &node)
+{
+    m_writer.encodeStringAttr(keys::number, textOf(m_numbers.value(&node)));
+    m_writer.encodeStringAttr(keys::name, node.instanceName());
+    if (!node.isEnabled())
+        m_writer.encodeBoolAttr(keys::enabled, false);
+    if (node.lock())
+        m_writer.encodeBoolAttr(keys::locked, true);
+    if (node.isCollapsed())
+        m_writer.encodeBoolAttr(keys::collapsed, true);
+    const MO_Port *const in = node.inPort(0);
+    const MO_Port *const source = in ? in->realSrcPort() : nullptr;
+    if (source)
+        writeReference(keys::source, keys::sourceScene, source->node(), sceneOf(node));
+}
+
+void ProjectWriter::writeReference(
+    const QString &numberKey, const QString &sceneKey, const MO_Node *node, const TUScene *here)
+{
+    const auto known = m_numbers.constFind(node);
+    if (known == m_numbers.cend())
+        return;
+    m_writer.encodeStringAttr(numberKey, textOf(*known));
+    if (const TUScene *scene = sceneOf(*node); scene && scene != here)
+        m_writer.encodeStringAttr(sceneKey, scene->sceneId().AsString());
+}

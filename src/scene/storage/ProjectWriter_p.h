@@ -1,0 +1,46 @@
+#pragma once
+
+#include <QByteArray>
+#include <QHash>
+#include <QString>
+
+class AT_FrameBlock;
+class MO_Node;
+class MO_UnconnectedCompositeModule;
+class PIO_WritingContext;
+class PO_XmlWriter;
+class SC_Project;
+class TUGroup;
+class TUScene;
+class TUSeqTimedValue;
+class TUSoundTimedValue;
+class TUTimedValue;
+
+/// Writes a project as the text of its file. The same project gives the same text.
+class ProjectWriter
+{
+public:
+    ProjectWriter(const SC_Project &project, PIO_WritingContext &context);
+
+    void write(const QString &name);
+
+private:
+    void number(const TUScene &scene);
+    void number(const TUGroup &group, int &last);
+
+    void writeScene(const TUScene &scene);
+    void writeSequence(const TUSeqTimedValue &sequence);
+    void writeLinks(const TUTimedValue &timedValue);
+    void writeBlock(const AT_FrameBlock &block);
+    void writeSounds(const TUSoundTimedValue &sounds);
+    void writeNode(const MO_Node &node);
+    void writeComposite(const MO_UnconnectedCompositeModule &composite);
+    void writeCommonOf(const MO_Node &node);
+    void writeReference(const QString &numberKey, const QString &sceneKey, const MO_Node *node, const TUScene *here);
+
+    const SC_Project &m_project;
+    PIO_WritingContext &m_context;
+    PO_XmlWriter &m_writer;
+    /// Every node that is written, by its number within its scene.
+    QHash<const MO_Node *, int> m_numbers;
+};

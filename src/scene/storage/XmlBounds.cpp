@@ -1,0 +1,100 @@
+#include "scene/storage/XmlBounds_p.h"
+
+#include <QByteArrayView>
+
+#include <algorithm>
+
+namespace
+{
+
+class Scanner
+{
+public:
+    explicit Scanner(const QByteArray &text) : m_text(text) {}
+
+    XmlBounds::Excess find()
+    {
+        while (m_message.isEmpty()) {
+            m_at = m_text.indexOf('<', m_at);
+            if (m_at < 0)
+                return {};
+            scanMarkup();
+        }
+        const qsizetype lineStart = m_text.lastIndexOf('\n', m_tag) + 1;
+        const qint64 line = std::count(m_text.begin(), m_text.begin() + lineStart, '\n') + 1;
+        return {{line, m_tag - lineStart + 1}, m_message};
+    }
+
+private:
+    void scanMarkup()
+    {
+        m_tag = m_at;
+        if (startsWith("<!--"))
+            skipTo("-->");
+        else if (startsWith("<![CDATA["))
+            skipTo("]]>");
+        else if (startsWith("<?"))
+            skipTo("?>");
+        else if (startsWith("<!"))
+            m_message = QStringLiteral("document types are not allowed");
+        else
+            scanTag();
+    }
+
+    void scanTag()
+    {
+        const bool closes = startsWith("</");
+        int attributes = 0;
+        char quote = 0;
+        char last = 0;
+        const qsizetype size = m_text.size();
+        const char *const data = m_text.constData();
+        for (++m_at; m_at < size; ++m_at) {
+            const char c = data[m_at];
+            if (quote) {
+                if (c == quote)
+                    quote = 0;
+                continue;
+            }
+            if (c == '>')
+                break;
+            if (c == '"' || c == '\'')
+                quote = c;
+            else if (c == '=')
+                ++attributes;
+            last = c;
+        }
+        if (closes)
+            --m_depth;
+        else if (last != '/')
+            ++m_depth;
+        if (attributes > XmlBounds::attributeLimit)
+            m_message = QStringLiteral("an element has more than %1 attributes").arg(XmlBounds::attributeLimit);
+        else if (m_depth > XmlBounds::depthLimit)
+            m_message = QStringLiteral("elements nest deeper than %1").arg(XmlBounds::depthLimit);
+    }
+
+    bool startsWith(QByteArrayView start) const { return QByteArrayView(m_text).sliced(m_at).startsWith(start); }
+
+    void skipTo(QByteArrayView end)
+    {
+        const qsizetype found = m_text.indexOf(end, m_at);
+        m_at = found < 0 ? m_text.size() : found;
+    }
+
+    const QByteArray &m_text;
+    qsizetype m_at = 0;
+    qsizetype m_tag = 0;
+    int m_depth = 0;
+    QString m_message;
+};
+
+} // namespace
+
+XmlBounds::Excess XmlBounds::find(const QByteArray &text)
+{
+    // In wide encodings nothing below would mean what it seems to.
+    if (text.contains('\0') || text.startsWith("\xFE\xFF") || text.startsWith("\xFF\xFE"))
+        return {{1, 1}, QStringLiteral("the text is not in UTF-8")};
+    return Scanner(text).find();
+}
