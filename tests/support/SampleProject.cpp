@@ -124,7 +124,7 @@ void fillWithEverything(SC_Project &project)
     addNodes(top, timeline);
 
     TUScene &shot = dynamic_cast<TUScene &>(*project.sceneAt(1));
-    addRecords(*shot.metadatas());
+    addValue<PIO_MetadataBool>(*shot.metadatas(), "enabled", true);
     auto *foreign = new MO_ElementModule(shot.sceneCommon(), QStringLiteral("foreign"));
     shot.getRootGroup()->addNode(foreign);
     EXPECT_TRUE(timeline.linkNode(foreign));

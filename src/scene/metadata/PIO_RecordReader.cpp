@@ -204,7 +204,7 @@ PIO_RecordResult PIO_RecordReader::read(QXmlStreamReader &xml)
 {
     PIO_RecordResult result;
     result.line = xml.lineNumber();
-    result.column = xml.columnNumber();
+    result.column = xml.columnNumber() + 1; // the stream counts columns from 0
 
     const QXmlStreamAttributes attributes = xml.attributes();
     const auto text = [&attributes](QLatin1String name) {

@@ -6,7 +6,7 @@
 
 FilePlace FilePlace::of(const QXmlStreamReader &xml)
 {
-    return {xml.lineNumber(), xml.columnNumber()};
+    return {xml.lineNumber(), xml.columnNumber() + 1}; // the stream counts columns from 0
 }
 
 LoadReport::LoadReport(QString filePath, SC_FileReport &report) : m_filePath(std::move(filePath)), m_report(report) {}

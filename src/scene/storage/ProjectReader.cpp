@@ -101,9 +101,14 @@ bool ProjectReader::readHeader()
                  .arg(QString::number(*format), QString::number(keys::formatVersion)));
         return false;
     }
-    if (!format || *format < 1 || !nextId || nextId->value() < 1 || !startTimecode || !attributes.has(keys::rate)
-        || !rate.parse(attributes.text(keys::rate))) {
-        fail(QStringLiteral("the header cannot be read: format, nextId, rate and startTimecode must be there"));
+    const bool hasRate = attributes.has(keys::rate) && rate.parse(attributes.text(keys::rate));
+    const QString unreadable = !format || *format < 1 ? keys::format
+        : !nextId || nextId->value() < 1              ? keys::nextId
+        : !hasRate                                    ? keys::rate
+        : !startTimecode                              ? keys::startTimecode
+                                                      : QString();
+    if (!unreadable.isEmpty()) {
+        fail(QStringLiteral("the header cannot be read: \"%1\" is absent or wrong").arg(unreadable));
         return false;
     }
     const QFileInfo file(m_filePath);
@@ -242,7 +247,8 @@ void ProjectReader::readRoot(TUScene &scene)
         return;
     const ElementAttributes attributes(m_xml, m_report);
     if (attributes.text(keys::kind) != keys::group)
-        return skipDamaged(QStringLiteral("node"), QStringLiteral("the nodes of a scene stand in a group"));
+        m_report.warn(attributes.place(), QStringLiteral("node"),
+            QStringLiteral("the nodes of a scene stand in a group; it counts as one"));
     TUGroup &root = *scene.getRootGroup();
     root.setInstanceName(attributes.text(keys::name));
     readFlags(root, attributes);
