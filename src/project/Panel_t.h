@@ -9,7 +9,7 @@ class PKC_ClipInfo;
 namespace Plotka
 {
 
-class PanelPrivate;
+class PLOTKA_EXPORT PanelPrivate;
 
 /// One panel of a shot. Follows edits and answers neutrally once its panel has gone, as a Shot_t does.
 class PLOTKA_EXPORT Panel_t : public SharedPtr<PanelPrivate>

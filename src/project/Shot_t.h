@@ -15,7 +15,7 @@ namespace Plotka
 {
 
 class ObjectNameHelper;
-class ShotPrivate;
+class PLOTKA_EXPORT ShotPrivate;
 
 /// One shot of the timeline.
 ///

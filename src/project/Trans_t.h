@@ -13,7 +13,7 @@ class TUSeqTimedValue;
 namespace Plotka
 {
 
-class TransPrivate;
+class PLOTKA_EXPORT TransPrivate;
 
 /// One transition of the timeline. It keeps its transition alive; its place follows edits.
 class PLOTKA_EXPORT Trans_t : public SharedPtr<TransPrivate>

@@ -13,7 +13,7 @@ class TUScene;
 namespace Plotka
 {
 
-class VideoClipPrivate;
+class PLOTKA_EXPORT VideoClipPrivate;
 
 /// One clip of a video track. Follows edits and answers neutrally once its clip has gone, as a Shot_t does.
 class PLOTKA_EXPORT VideoClip : public SharedPtr<VideoClipPrivate>
