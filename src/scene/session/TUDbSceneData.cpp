@@ -4,7 +4,7 @@
 
 #include <utility>
 
-TUDbSceneData::TUDbSceneData(QString projectDir, QString sceneName) :
+TUDbSceneData::TUDbSceneData(const QString &projectDir, QString sceneName) :
     m_projectDir(QDir::cleanPath(projectDir)), m_sceneName(std::move(sceneName))
 {
 }

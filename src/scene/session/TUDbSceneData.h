@@ -9,7 +9,7 @@
 class PLOTKA_SCENE_EXPORT TUDbSceneData
 {
 public:
-    TUDbSceneData(QString projectDir, QString sceneName);
+    TUDbSceneData(const QString &projectDir, QString sceneName);
 
     /// The project's name.
     QString sceneName() const { return m_sceneName; }
