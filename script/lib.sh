@@ -8,6 +8,9 @@ cd "$root"
 
 jobs=$(nproc 2>/dev/null || echo 2)
 
+# What ccache must overlook to keep sources that use precompiled headers.
+export CCACHE_SLOPPINESS=${CCACHE_SLOPPINESS:-pch_defines,time_macros,include_file_mtime,include_file_ctime}
+
 say() { printf '%s\n' "$*" >&2; }
 
 die() {
