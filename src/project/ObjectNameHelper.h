@@ -34,9 +34,9 @@ class PLOTKA_EXPORT NameHelperRef
 {
 public:
     NameHelperRef() = default;
-    explicit NameHelperRef(const ObjectNameHelper *helper) : m_helper(helper)
+    explicit NameHelperRef(const ObjectNameHelper *helper) :
+        m_helper(helper), m_alive(helper ? &helper->m_alive : nullptr)
     {
-        m_alive = helper ? &helper->m_alive : nullptr;
     }
 
     const ObjectNameHelper *get() const { return m_alive ? m_helper : nullptr; }

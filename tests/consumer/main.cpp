@@ -1,11 +1,19 @@
 // A stranger's program: it knows the installed headers and nothing else of us.
-#include <scene/base/SC_Id.h>
+#include <project/PKC_PlotkaProject.h>
+#include <project/PKC_SessionContext.h>
 
 #include <cstdio>
+#include <memory>
 
-int main()
+int main(int argc, char **argv)
 {
-    const SC_Id id(42);
-    std::printf("%s\n", id.AsString().toUtf8().constData());
-    return id.AsString() == QString::fromLatin1("42") && SC_Id::nullSceneId().isNull() ? 0 : 1;
+    const std::unique_ptr<PKC_SessionContext> session(PKC_SessionContext::createSessionContext(nullptr, nullptr));
+    session->createPlotkaProject(session->openProject(QString::fromLocal8Bit(argc > 1 ? argv[1] : ".")));
+    const PKC_PlotkaProject *project = session->plotkaProject();
+    if (!project)
+        return 1;
+    for (auto panel = project->first(Plotka::Panel_t()); panel.isValid(); panel = project->next(panel))
+        std::printf("panel %s\n", panel.id().AsString().toUtf8().constData());
+    session->releaseProject();
+    return 0;
 }
