@@ -1,0 +1,23 @@
+#pragma once
+
+#include <QString>
+
+/// How many columns of a terminal a text takes: two for what East Asian scripts and emoji draw wide, none for what
+/// combines with the character before it.
+namespace DisplayWidth
+{
+
+int of(const QString &text);
+
+/// The text as it may be shown: control characters, which could move the cursor or hide what follows, and what turns
+/// the direction of writing become U+FFFD.
+QString printable(const QString &text);
+
+/// As much of the text as fits; what is cut ends in an ellipsis, which counts.
+QString fitted(const QString &text, int columns);
+
+/// Fitted, and filled up with spaces.
+QString leftAligned(const QString &text, int columns);
+QString rightAligned(const QString &text, int columns);
+
+} // namespace DisplayWidth

@@ -1,0 +1,17 @@
+#pragma once
+
+#include "cli/TimelineListing.h"
+
+#include <QVariant>
+
+#include <utility>
+#include <vector>
+
+/// An item as keys and values, the same for JSON and CSV. Every item has every key, in this order; what it does not
+/// have is null.
+using ItemFields = std::vector<std::pair<QString, QVariant>>;
+
+ItemFields fieldsOf(const TimelineItem &item);
+
+/// "shot", "panel", "transition", "gap".
+QString kindText(TimelineItem::Kind kind);

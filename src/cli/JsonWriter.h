@@ -1,0 +1,48 @@
+#pragma once
+
+#include <QLatin1String>
+#include <QString>
+#include <QVariant>
+
+#include <vector>
+
+/// Writes JSON with its keys in the order in which they come, indented by two spaces.
+///
+///     json.beginObject();
+///     json.field(QLatin1String("name"), name);
+///     json.beginArray(QLatin1String("items"));
+///     ...
+class JsonWriter
+{
+public:
+    /// What lies in a container stands on lines of its own, or all on one line.
+    enum Layout { Lines, OneLine };
+
+    void beginObject(Layout layout = Lines);
+    void beginObject(QLatin1String key, Layout layout = Lines);
+    void endObject();
+    void beginArray(QLatin1String key);
+    void endArray();
+
+    /// @p value is null, a bool, a whole number, a double or a text; what is no finite number is written as null.
+    void field(const QString &key, const QVariant &value);
+    void field(QLatin1String key, const QVariant &value) { field(QString(key), value); }
+
+    /// The finished text with a line end.
+    QString text() const { return m_text + QLatin1Char('\n'); }
+
+private:
+    struct Container {
+        bool isOneLine;
+        bool isEmpty;
+    };
+
+    void startMember();
+    void writeKey(const QString &key);
+    void begin(QChar bracket, Layout layout);
+    void end(QChar bracket);
+    void breakLine();
+
+    QString m_text;
+    std::vector<Container> m_open;
+};

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+#include <vector>
+
+/// Rows of texts in aligned columns, two spaces apart, never wider than a given width: the columns that may be cut give way.
+class TextTable
+{
+public:
+    enum Alignment { Left, Right };
+
+    struct Column {
+        QString title;
+        Alignment alignment = Left;
+        bool mayBeCut = false;
+    };
+
+    /// Without any title there is no line of titles.
+    explicit TextTable(std::vector<Column> columns) : m_columns(std::move(columns)) {}
+
+    /// Cells beyond the last column are not shown.
+    void addRow(const QStringList &cells);
+
+    /// Without spaces at the ends of lines; the titles come first.
+    QStringList lines(int width) const;
+
+private:
+    bool hasTitles() const;
+    std::vector<int> columnWidths(int width) const;
+    QString line(const QStringList &cells, const std::vector<int> &widths) const;
+
+    std::vector<Column> m_columns;
+    std::vector<QStringList> m_rows;
+};

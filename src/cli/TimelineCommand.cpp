@@ -1,0 +1,162 @@
+#include "cli/TimelineCommand.h"
+
+#include "cli/CliText.h"
+#include "cli/CommandLine.h"
+#include "cli/Console.h"
+#include "cli/CsvWriter.h"
+#include "cli/DisplayWidth.h"
+#include "cli/ItemFields.h"
+#include "cli/JsonWriter.h"
+#include "cli/OpenedProject.h"
+#include "cli/Progress.h"
+#include "cli/TextTable.h"
+#include "cli/TimelineDrawing.h"
+
+#include <QCommandLineParser>
+
+#include <algorithm>
+
+namespace
+{
+
+QString jsonText(const TimelineListing &listing)
+{
+    JsonWriter json;
+    json.beginObject();
+    json.field(QLatin1String("schema"), 1);
+    json.field(QLatin1String("name"), listing.name);
+    json.field(QLatin1String("rate"), listing.rate.asString());
+    json.field(QLatin1String("frames"), listing.frameCount);
+    json.beginArray(QLatin1String("items"));
+    for (const TimelineItem &item : listing.items) {
+        json.beginObject(JsonWriter::OneLine);
+        for (const auto &field : fieldsOf(item))
+            json.field(field.first, field.second);
+        json.endObject();
+    }
+    json.endArray();
+    json.endObject();
+    return json.text();
+}
+
+QString csvText(const TimelineListing &listing)
+{
+    CsvWriter csv;
+    csv.addKeys(fieldsOf(TimelineItem()));
+    for (const TimelineItem &item : listing.items)
+        csv.addRow(fieldsOf(item));
+    return csv.text();
+}
+
+QString rangeText(unsigned int firstFrame, unsigned int lastFrame)
+{
+    return firstFrame == 0 ? QString() : QStringLiteral("%1-%2").arg(firstFrame).arg(lastFrame);
+}
+
+QString placeText(const TimelineItem &item)
+{
+    QStringList names;
+    for (const QString &name : {item.act, item.sequence}) {
+        if (!name.isNull())
+            names += name;
+    }
+    return names.join(QStringLiteral(" / "));
+}
+
+QString tableKind(const TimelineItem &item)
+{
+    const QString kind =
+        item.kind == TimelineItem::Shot && !item.isEnabled ? CliText::tr("shot, off") : kindText(item.kind);
+    return item.shotId.isNull() ? kind : QStringLiteral("  ") + kind;
+}
+
+QStringList tableRow(const TimelineItem &item)
+{
+    const QString last = item.isEndless() ? QString() : QString::number(item.lastFrame);
+    const QString count = item.isEndless() ? QString() : QString::number(item.frameCount());
+    const QString inShot = item.shotId.isNull() ? QString() : rangeText(item.shotFirstFrame, item.shotLastFrame);
+    const QString id = item.id.isNull() ? QString() : item.id.AsString();
+    return {QString::number(item.firstFrame), last, count, inShot, item.timecode, tableKind(item), id, item.name,
+        placeText(item)};
+}
+
+/// Shots stand out, gaps step back.
+QString coloured(const QString &line, TimelineItem::Kind kind)
+{
+    const char *const code = kind == TimelineItem::Shot ? "1"
+        : kind == TimelineItem::Transition              ? "36"
+        : kind == TimelineItem::Gap                     ? "2"
+                                                        : "0";
+    return QStringLiteral("\033[%1m%2\033[0m").arg(QLatin1String(code), line);
+}
+
+QString headText(const TimelineListing &listing)
+{
+    const auto counted = [&listing](TimelineItem::Kind kind, const char *one, const char *many) {
+        const unsigned int count = listing.count(kind);
+        return CliText::tr(count == 1 ? one : many).arg(count);
+    };
+    const QStringList counts = {counted(TimelineItem::Shot, "%1 shot", "%1 shots"),
+        counted(TimelineItem::Panel, "%1 panel", "%1 panels"),
+        counted(TimelineItem::Transition, "%1 transition", "%1 transitions"),
+        counted(TimelineItem::Gap, "%1 gap", "%1 gaps")};
+    return CliText::tr("%1: %2 frames at %3 per second; %4")
+        .arg(DisplayWidth::printable(listing.name), QString::number(listing.frameCount), listing.rate.asString(),
+            counts.join(QStringLiteral(", ")));
+}
+
+QString tableText(const TimelineListing &listing)
+{
+    QString text = headText(listing) + u'\n';
+    if (listing.items.empty())
+        return text;
+    const int width = Console::outputWidth();
+    text += u'\n' + drawTimeline(listing, width).join(u'\n') + QStringLiteral("\n\n");
+
+    const bool hasPlaces = std::any_of(listing.items.begin(), listing.items.end(),
+        [](const TimelineItem &item) { return !placeText(item).isEmpty(); });
+    TextTable table({{CliText::tr("first"), TextTable::Right}, {CliText::tr("last"), TextTable::Right},
+        {CliText::tr("frames"), TextTable::Right}, {CliText::tr("in shot"), TextTable::Right},
+        {CliText::tr("timecode")}, {CliText::tr("kind")}, {CliText::tr("id"), TextTable::Right},
+        {CliText::tr("name"), TextTable::Left, /*mayBeCut*/ true},
+        {hasPlaces ? CliText::tr("act / sequence") : QString(), TextTable::Left, /*mayBeCut*/ true}});
+    for (const TimelineItem &item : listing.items)
+        table.addRow(tableRow(item));
+    const QStringList lines = table.lines(width);
+    const bool hasColour = Console::outputHasColour();
+    for (qsizetype i = 0; i < lines.size(); ++i) {
+        const bool isTitle = i == 0;
+        const auto kind = isTitle ? TimelineItem::Gap : listing.items[static_cast<std::size_t>(i - 1)].kind;
+        text += (hasColour ? coloured(lines[i], kind) : lines[i]) + u'\n';
+    }
+    return text;
+}
+
+ExitCode runTimeline(const QCommandLineParser &parser)
+{
+    const bool wantsJson = parser.isSet(QStringLiteral("json"));
+    const bool wantsCsv = parser.isSet(QStringLiteral("csv"));
+    if (wantsJson && wantsCsv)
+        return refuseUsage(CliText::tr("timeline: --json and --csv exclude one another"));
+    OpenedProject opened(parser.positionalArguments().first());
+    if (!opened.isOpen())
+        return ExitCode::BadInput;
+    QString text;
+    {
+        const Progress progress(CliText::tr("listing the timeline"));
+        const TimelineListing listing = listTimeline(opened.project());
+        text = wantsJson ? jsonText(listing) : wantsCsv ? csvText(listing) : tableText(listing);
+    }
+    return Console::writeResult(text) ? ExitCode::Done : ExitCode::Failed;
+}
+
+} // namespace
+
+Subcommand timelineCommand()
+{
+    return {QStringLiteral("timeline"), {QStringLiteral("FILE")}, QStringLiteral("FILE [--json | --csv]"),
+        CliText::tr("List shots, panels, transitions and gaps in order."),
+        {{QStringLiteral("json"), CliText::tr("Print JSON.")},
+            {QStringLiteral("csv"), CliText::tr("Print comma-separated values.")}},
+        runTimeline};
+}

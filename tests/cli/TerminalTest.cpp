@@ -1,0 +1,106 @@
+#include "cli/CommandRun.h"
+#include "support/Storyboard.h"
+
+#include <QProcess>
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+
+#include <fcntl.h>
+#include <sys/ioctl.h>
+#include <unistd.h>
+
+namespace
+{
+
+/// A terminal of our own: what the command writes to it can be read back.
+class Terminal
+{
+public:
+    explicit Terminal(unsigned short columns) : m_master(posix_openpt(O_RDWR | O_NOCTTY))
+    {
+        if (m_master < 0 || grantpt(m_master) != 0 || unlockpt(m_master) != 0)
+            return;
+        m_slave = open(ptsname(m_master), O_RDWR | O_NOCTTY);
+        winsize size = {};
+        size.ws_col = columns;
+        size.ws_row = 24;
+        ioctl(m_slave, TIOCSWINSZ, &size);
+        fcntl(m_master, F_SETFL, O_NONBLOCK);
+    }
+    Terminal(const Terminal &) = delete;
+    Terminal &operator=(const Terminal &) = delete;
+    ~Terminal()
+    {
+        close(m_slave);
+        close(m_master);
+    }
+
+    bool isOpen() const { return m_slave >= 0; }
+
+    /// What the command prints on it, without carriage returns.
+    QByteArray run(const QStringList &arguments, const QStringList &environment = {})
+    {
+        QProcess process;
+        process.setEnvironment(QProcess::systemEnvironment() + environment);
+        const int slave = m_slave;
+        process.setChildProcessModifier([slave] { dup2(slave, STDOUT_FILENO); });
+        process.start(QStringLiteral(PLOTKA_COMMAND), arguments);
+        QByteArray output;
+        while (!process.waitForFinished(20))
+            output += readAll();
+        EXPECT_EQ(process.exitCode(), 0);
+        return output + readAll();
+    }
+
+private:
+    QByteArray readAll() const
+    {
+        QByteArray all;
+        char buffer[4096];
+        for (ssize_t count = read(m_master, buffer, sizeof buffer); count > 0;
+             count = read(m_master, buffer, sizeof buffer))
+            all.append(buffer, count);
+        return all.replace('\r', QByteArray());
+    }
+
+    int m_master = -1;
+    int m_slave = -1;
+};
+
+int longestLine(const QByteArray &text)
+{
+    int longest = 0;
+    const QList<QByteArray> lines = text.split('\n');
+    for (const QByteArray &line : lines)
+        longest = std::max(longest, static_cast<int>(line.size()));
+    return longest;
+}
+
+} // namespace
+
+TEST(Terminal, IsFilledByTheDrawingAndColoured)
+{
+    const ProjectFolder folder;
+    const QString file = folder.save(Storyboard("A(24) ~2+2~ B(24) -5- C(24)"));
+    Terminal terminal(60);
+    if (!terminal.isOpen())
+        GTEST_SKIP() << "no terminal can be made here";
+    const QByteArray output = terminal.run({QStringLiteral("timeline"), file});
+    EXPECT_TRUE(output.contains("\033[1m")) << output.toStdString();
+    const QByteArray shots = output.mid(output.indexOf("\nshots ") + 1);
+    EXPECT_EQ(shots.indexOf('\n'), 60) << output.toStdString();
+}
+
+TEST(Terminal, IsNotColouredWhereThatIsNotWanted)
+{
+    const ProjectFolder folder;
+    const QString file = folder.save(Storyboard("A(24) ~2+2~ B(24) -5- C(24)"));
+    Terminal terminal(72);
+    if (!terminal.isOpen())
+        GTEST_SKIP() << "no terminal can be made here";
+    const QByteArray output = terminal.run({QStringLiteral("timeline"), file}, {QStringLiteral("NO_COLOR=1")});
+    EXPECT_FALSE(output.contains('\033')) << output.toStdString();
+    EXPECT_EQ(longestLine(output.mid(output.indexOf("\nframes"))), 72) << output.toStdString();
+}
