@@ -38,8 +38,8 @@ public:
                                                                             : AT_FrameBlock::none();
     }
 
-    const UT_SharedWeakPtr<TUSeqTimedValue> timedValue;
-    const SC_Id id;
+    const UT_SharedWeakPtr<TUSeqTimedValue> timedValue{};
+    const SC_Id id{};
 
 private:
     // Where the block stood when last looked for; good until the timed value is edited.

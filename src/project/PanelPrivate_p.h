@@ -18,9 +18,9 @@ public:
 
     const AT_FrameBlock &block() const { return scene ? findBlock() : AT_FrameBlock::none(); }
 
-    const UT_SharedWeakPtr<TUScene> scene;
-    const NameHelperRef nameHelper;
-    const Shot_t shot;
+    const UT_SharedWeakPtr<TUScene> scene{};
+    const NameHelperRef nameHelper{};
+    const Shot_t shot{};
 
     // In the order in which they are made; the records of captions, tracking, exposure points, layers, sound annotations and PDF options follow.
     PIO_MetadataAccess<PKC_ClipInfo> clipInfo;

@@ -16,8 +16,8 @@ public:
     /// Where the shot stands now; the invalid block once its scene has gone.
     const AT_FrameBlock &block() const { return scene ? findBlock() : AT_FrameBlock::none(); }
 
-    const UT_SharedWeakPtr<TUScene> scene;
-    const NameHelperRef nameHelper;
+    const UT_SharedWeakPtr<TUScene> scene{};
+    const NameHelperRef nameHelper{};
     PIO_MetadataAccess<PKC_SceneInfo> sceneInfo; ///< empty until first asked for
 };
 

@@ -16,7 +16,7 @@ public:
 
     const AT_FrameBlock &block() const { return scene ? findBlock() : AT_FrameBlock::none(); }
 
-    const UT_SharedWeakPtr<TUScene> scene;
+    const UT_SharedWeakPtr<TUScene> scene{};
 
     // In the order in which they are made; the record of tracking comes before.
     PIO_MetadataAccess<PKC_ClipInfo> clipInfo;

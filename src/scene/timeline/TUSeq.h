@@ -20,7 +20,7 @@ public:
     virtual ~TUSeq();
 
     /// Null for a sequence that is neither a scene nor a transition.
-    const SC_Id id;
+    const SC_Id id{};
 
     /// Carries the object id of the block that places a scene.
     virtual const TUSeq *identifiedSeq() const { return nullptr; }
