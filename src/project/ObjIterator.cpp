@@ -6,6 +6,11 @@ namespace Plotka
 {
 
 template <typename T>
+objiterator<T>::objiterator(const PKC_PlotkaProject *project, const T &current) : m_current(current), m_project(project)
+{
+}
+
+template <typename T>
 objiterator<T> &objiterator<T>::operator++()
 {
     m_current = m_project ? m_project->next(m_current) : T::invalid;

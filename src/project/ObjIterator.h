@@ -4,6 +4,8 @@
 #include "project/Panel_t.h"
 #include "project/Trans_t.h"
 
+#include <QPointer>
+
 class PKC_PlotkaProject;
 
 namespace Plotka
@@ -18,8 +20,8 @@ class PLOTKA_EXPORT objiterator
 {
 public:
     objiterator() = default;
-    /// The project is not owned; with none every step leads to the invalid handle.
-    objiterator(const PKC_PlotkaProject *project, const T &current) : m_current(current), m_project(project) {}
+    /// The project is not owned; with none, and once it has gone, every step leads to the invalid handle.
+    objiterator(const PKC_PlotkaProject *project, const T &current);
 
     // The order of the virtual functions is relied on by the reverse iterator.
     virtual objiterator &operator++();
@@ -35,7 +37,7 @@ public:
 
 private:
     T m_current;
-    const PKC_PlotkaProject *m_project = nullptr;
+    QPointer<const PKC_PlotkaProject> m_project;
 };
 
 /// The same walk backward.

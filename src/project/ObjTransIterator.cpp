@@ -1,7 +1,7 @@
 #include "project/ObjTransIterator.h"
 
 #include "project/PKC_PlotkaProject.h"
-#include "project/PanelWalk_p.h"
+#include "project/TimelineWalk_p.h"
 
 namespace Plotka
 {
@@ -23,14 +23,20 @@ template <>
 objTransIterator<Panel_t>::objTransIterator(const PKC_PlotkaProject *project, const Trans_t &transition) :
     m_transition(transition), m_project(project)
 {
-    for (PanelWalk walk(project); walk.panel().isValid(); walk.step()) {
-        m_current = walk.panel();
+    for (PanelWalk walk(project); !walk.isAtEnd(); walk.step()) {
+        m_current = walk.current();
         m_transitionAfter = m_current.lastFrame() == transition.lastFrame();
         if (m_transitionAfter || m_current.firstFrame() == transition.firstFrame())
             return;
     }
     m_current = Panel_t();
     m_transitionAfter = true;
+}
+
+template <typename T>
+objTransIterator<T>::objTransIterator(const PKC_PlotkaProject *project, const T &current) :
+    m_current(current), m_project(project)
+{
 }
 
 template <typename T>

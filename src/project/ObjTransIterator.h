@@ -5,6 +5,8 @@
 #include "project/Panel_t.h"
 #include "project/Trans_t.h"
 
+#include <QPointer>
+
 class PKC_PlotkaProject;
 
 namespace Plotka
@@ -19,7 +21,7 @@ class PLOTKA_EXPORT objTransIterator
 public:
     objTransIterator() = default;
     /// On the object; the project is not owned.
-    objTransIterator(const PKC_PlotkaProject *project, const T &current) : m_current(current), m_project(project) {}
+    objTransIterator(const PKC_PlotkaProject *project, const T &current);
     /// On the transition, beside the panel that ends with it, else beside the one that begins with it. It walks the panels
     /// from the first to find that one. Panels only.
     objTransIterator(const PKC_PlotkaProject *project, const Trans_t &transition);
@@ -37,7 +39,6 @@ public:
     const Trans_t &transition() const { return m_transition; }
     bool isTransitionAfter() const { return m_transitionAfter; }
     bool isOnTransition() const { return m_transition.isValid(); }
-    const PKC_PlotkaProject *project() const { return m_project; }
 
     /// The objects when neither stands on a transition, else the transitions.
     bool operator==(const objTransIterator &other) const
@@ -54,7 +55,7 @@ private:
     T m_current;
     Trans_t m_transition;
     bool m_transitionAfter = true;
-    const PKC_PlotkaProject *m_project = nullptr;
+    QPointer<const PKC_PlotkaProject> m_project;
 };
 
 /// The same walk backward.

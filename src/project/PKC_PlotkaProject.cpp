@@ -2,7 +2,7 @@
 
 #include "project/ObjectIds.h"
 #include "project/PKC_PlotkaProject_p.h"
-#include "project/PanelWalk_p.h"
+#include "project/TimelineWalk_p.h"
 #include "scene/changes/TUSceneChangeManager.h"
 #include "scene/session/TUScene.h"
 #include "scene/timeline/AT_TransitionSeq.h"
@@ -144,7 +144,7 @@ void PKC_PlotkaProject::setCacheEnabled(bool on)
 
 void PKC_PlotkaProject::buildAll()
 {
-    for (PanelWalk walk(this); walk.panel().isValid(); walk.step()) {
+    for (PanelWalk walk(this); !walk.isAtEnd(); walk.step()) {
     }
     for (auto transition = beginTrans(); transition != endTrans(); ++transition) {
     }
@@ -153,8 +153,8 @@ void PKC_PlotkaProject::buildAll()
 void PKC_PlotkaProject::updateSavedPanelIds()
 {
     d->savedPanelIds.clear();
-    for (PanelWalk walk(this); walk.panel().isValid(); walk.step())
-        d->savedPanelIds.insert(walk.panel().id());
+    for (PanelWalk walk(this); !walk.isAtEnd(); walk.step())
+        d->savedPanelIds.insert(walk.current().id());
 }
 
 bool PKC_PlotkaProject::isNewPanelIds(SC_Id id) const
@@ -181,7 +181,8 @@ PKC_PlotkaProject::CacheActivator::CacheActivator(PKC_PlotkaProject *project) :
 
 PKC_PlotkaProject::CacheActivator::~CacheActivator()
 {
-    m_project->setCacheEnabled(m_previous);
+    if (m_project)
+        m_project->setCacheEnabled(m_previous);
 }
 
 PKC_PlotkaProject::CacheDesactivator::CacheDesactivator(PKC_PlotkaProject *project) :
@@ -192,7 +193,8 @@ PKC_PlotkaProject::CacheDesactivator::CacheDesactivator(PKC_PlotkaProject *proje
 
 PKC_PlotkaProject::CacheDesactivator::~CacheDesactivator()
 {
-    m_project->setCacheEnabled(m_previous);
+    if (m_project)
+        m_project->setCacheEnabled(m_previous);
 }
 
 PKC_PlotkaProject::LockHelper::LockHelper(PKC_PlotkaProject *project) : m_project(project)
@@ -203,6 +205,8 @@ PKC_PlotkaProject::LockHelper::LockHelper(PKC_PlotkaProject *project) : m_projec
 
 PKC_PlotkaProject::LockHelper::~LockHelper()
 {
+    if (!m_project)
+        return;
     m_project->d->locked = false;
     m_project->d->mutex.unlock();
 }

@@ -8,6 +8,7 @@
 #include "scene/changes/TUChangeSets.h"
 
 #include <QObject>
+#include <QPointer>
 
 #include <list>
 #include <memory>
@@ -83,7 +84,7 @@ public:
 
     private:
         Q_DISABLE_COPY_MOVE(CacheActivator)
-        PKC_PlotkaProject *m_project;
+        QPointer<PKC_PlotkaProject> m_project;
         bool m_previous;
     };
 
@@ -96,7 +97,7 @@ public:
 
     private:
         Q_DISABLE_COPY_MOVE(CacheDesactivator)
-        PKC_PlotkaProject *m_project;
+        QPointer<PKC_PlotkaProject> m_project;
         bool m_previous;
     };
 
@@ -113,7 +114,7 @@ public:
 
     private:
         Q_DISABLE_COPY_MOVE(LockHelper)
-        PKC_PlotkaProject *m_project;
+        QPointer<PKC_PlotkaProject> m_project;
     };
     /// @}
 

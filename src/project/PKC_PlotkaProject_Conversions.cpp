@@ -1,7 +1,7 @@
 #include "project/PKC_PlotkaProject.h"
 
 #include "project/PKC_PlotkaProject_p.h"
-#include "project/PanelWalk_p.h"
+#include "project/TimelineWalk_p.h"
 #include "scene/network/MO_Node.h"
 #include "scene/session/TUScene.h"
 
@@ -36,14 +36,14 @@ Panel_t PKC_PlotkaProject::sceneCommonToPanel(const SC_SceneCommon *scene) const
         return id == d->caches.panelOfScene.cend() ? Panel_t() : verified(getPanelByID(SC_Id(*id)), scene);
     }
     Panel_t found;
-    for (PanelWalk walk(this); walk.panel().isValid(); walk.step()) {
-        const SC_SceneCommon *walked = sceneCommonOf(walk.panel());
+    for (PanelWalk walk(this); !walk.isAtEnd(); walk.step()) {
+        const SC_SceneCommon *walked = sceneCommonOf(walk.current());
         if (walked == scene)
-            found = walk.panel();
+            found = walk.current();
         if (!d->cacheOn && found.isValid())
             return found;
         if (d->cacheOn && !d->caches.panelOfScene.contains(walked))
-            d->caches.panelOfScene.insert(walked, walk.panel().id());
+            d->caches.panelOfScene.insert(walked, walk.current().id());
     }
     return found;
 }
@@ -58,12 +58,12 @@ Shot_t PKC_PlotkaProject::sceneCommonToShot(const SC_SceneCommon *scene) const
         return id == d->caches.shotOfScene.cend() ? Shot_t() : verified(getShotByID(SC_Id(*id)), scene);
     }
     Shot_t found;
-    for (auto shot = beginShot(); shot != endShot(); ++shot) {
-        const SC_SceneCommon *walked = sceneCommonOf(*shot);
+    for (ShotWalk walk(this); !walk.isAtEnd(); walk.step()) {
+        const SC_SceneCommon *walked = sceneCommonOf(walk.current());
         if (walked == scene)
-            found = *shot;
+            found = walk.current();
         if (!d->caches.shotOfScene.contains(walked))
-            d->caches.shotOfScene.insert(walked, shot->id());
+            d->caches.shotOfScene.insert(walked, walk.current().id());
     }
     return found;
 }

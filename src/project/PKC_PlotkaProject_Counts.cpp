@@ -1,7 +1,7 @@
 #include "project/PKC_PlotkaProject.h"
 
 #include "project/PKC_PlotkaProject_p.h"
-#include "project/PanelWalk_p.h"
+#include "project/TimelineWalk_p.h"
 #include "scene/base/UT_Numbers.h"
 #include "scene/session/TUScene.h"
 #include "scene/timeline/AT_TimeWarpSeq.h"
@@ -16,10 +16,10 @@ namespace
 {
 
 template <typename T>
-unsigned int countBetween(objiterator<T> it, const objiterator<T> &end)
+unsigned int countOf(TimelineWalk<T> walk)
 {
     unsigned int count = 0;
-    for (; it != end; ++it)
+    for (; !walk.isAtEnd(); walk.step())
         ++count;
     return count;
 }
@@ -29,26 +29,26 @@ unsigned int countBetween(objiterator<T> it, const objiterator<T> &end)
 unsigned int PKC_PlotkaProject::shotCount() const
 {
     if (!d->cacheOn || d->caches.shotCount == 0)
-        d->caches.shotCount = countBetween(beginShot(), endShot());
+        d->caches.shotCount = countOf(ShotWalk(this));
     return d->caches.shotCount;
 }
 
 unsigned int PKC_PlotkaProject::panelCount() const
 {
-    if (d->cacheOn && d->caches.panelCount != 0)
-        return d->caches.panelCount;
-    unsigned int count = 0;
-    for (PanelWalk walk(this); walk.panel().isValid(); walk.step())
-        ++count;
-    d->caches.panelCount = count;
-    return count;
+    if (!d->cacheOn || d->caches.panelCount == 0)
+        d->caches.panelCount = countOf(PanelWalk(this));
+    return d->caches.panelCount;
 }
 
 unsigned int PKC_PlotkaProject::transCount() const
 {
-    if (!d->cacheOn || d->caches.transCount == 0)
-        d->caches.transCount = countBetween(beginTrans(), endTrans());
-    return d->caches.transCount;
+    if (d->cacheOn && d->caches.transCount != 0)
+        return d->caches.transCount;
+    unsigned int count = 0;
+    for (auto transition = beginTrans(); transition != endTrans(); ++transition)
+        ++count;
+    d->caches.transCount = count;
+    return count;
 }
 
 unsigned int PKC_PlotkaProject::panelCount(const Shot_t &shot) const

@@ -4,7 +4,7 @@
 #include "metadata/PKC_SceneInfo.h"
 #include "project/ObjectIds.h"
 #include "project/PKC_PlotkaProject_p.h"
-#include "project/PanelWalk_p.h"
+#include "project/TimelineWalk_p.h"
 #include "scene/session/TUScene.h"
 #include "scene/timeline/AT_TransitionSeq.h"
 #include "scene/timeline/TimelineSearches.h"
@@ -47,7 +47,9 @@ BlockIterator besideTransition(const TUSeqTimedValue *timeline, BlockIterator bl
 /// A record that a file brought under its own keyword as name, custom and without text, gets a text to show.
 void nameNameless(TUScene *scene)
 {
-    PIO_Metadata *const record = scene->metadatas()->metadata(QStringLiteral("sceneInfo"), QStringLiteral("sceneInfo"));
+    const PIO_Metadatas *records = scene->metadatas();
+    PIO_Metadata *const record =
+        records ? records->metadata(QStringLiteral("sceneInfo"), QStringLiteral("sceneInfo")) : nullptr;
     PKC_SceneInfo *const info = dynamic_cast<PKC_SceneInfo *>(record);
     if (info && !info->isValid())
         info->name().setValue(QStringLiteral("internalSymbol"));
@@ -152,16 +154,16 @@ Panel_t PKC_PlotkaProject::getPanelIn(const Shot_t &shot, const Panel_t &panel, 
         return Panel_t();
     const PanelWalk begin(this, *beginPanel(shot));
     const Panel_t end = *endPanel(shot);
-    for (PanelWalk walk = begin; walk.panel().isValid() && walk.panel() != end; walk.step()) {
-        if (walk.panel() == panel)
-            return walk.panel();
+    for (PanelWalk walk = begin; !walk.isAtEnd() && walk.current() != end; walk.step()) {
+        if (walk.current() == panel)
+            return walk.current();
     }
     if (lockedOnly && !isNameLocked(panel))
         return Panel_t();
     const QString name = panel.name();
-    for (PanelWalk walk = begin; walk.panel().isValid() && walk.panel() != end; walk.step()) {
-        if (walk.panel().name() == name && (!lockedOnly || isNameLocked(walk.panel())))
-            return walk.panel();
+    for (PanelWalk walk = begin; !walk.isAtEnd() && walk.current() != end; walk.step()) {
+        if (walk.current().name() == name && (!lockedOnly || isNameLocked(walk.current())))
+            return walk.current();
     }
     return Panel_t();
 }

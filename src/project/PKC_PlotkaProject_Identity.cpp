@@ -1,7 +1,7 @@
 #include "project/PKC_PlotkaProject.h"
 
 #include "project/PKC_PlotkaProject_p.h"
-#include "project/PanelWalk_p.h"
+#include "project/TimelineWalk_p.h"
 
 #include <algorithm>
 #include <stdexcept>
@@ -11,13 +11,13 @@ using namespace Plotka;
 namespace
 {
 
-/// The object @p steps after the first, invalid past the end.
+/// The object @p steps further on, invalid past the end.
 template <typename T>
-T objectAt(objiterator<T> it, unsigned int steps)
+T objectAfter(TimelineWalk<T> walk, unsigned int steps)
 {
-    for (; steps > 0 && it->isValid(); --steps)
-        ++it;
-    return *it;
+    for (; steps > 0 && !walk.isAtEnd(); --steps)
+        walk.step();
+    return walk.isAtEnd() ? T() : walk.current();
 }
 
 } // namespace
@@ -26,9 +26,9 @@ Shot_t PKC_PlotkaProject::getShotByID(const SC_Id &id) const
 {
     if (const auto known = d->caches.shots.byId.constFind(id); known != d->caches.shots.byId.cend())
         return *known;
-    for (auto shot = beginShot(); shot != endShot(); ++shot) {
-        if (shot->id() == id)
-            return *shot;
+    for (ShotWalk walk(this); !walk.isAtEnd(); walk.step()) {
+        if (walk.current().id() == id)
+            return walk.current();
     }
     return Shot_t();
 }
@@ -37,9 +37,9 @@ Panel_t PKC_PlotkaProject::getPanelByID(const SC_Id &id) const
 {
     if (const auto known = d->caches.panels.constFind(id); known != d->caches.panels.cend())
         return *known;
-    for (PanelWalk walk(this); walk.panel().isValid(); walk.step()) {
-        if (walk.panel().id() == id)
-            return walk.panel();
+    for (PanelWalk walk(this); !walk.isAtEnd(); walk.step()) {
+        if (walk.current().id() == id)
+            return walk.current();
     }
     return Panel_t();
 }
@@ -86,27 +86,27 @@ bool PKC_PlotkaProject::isTransValid(const SC_Id &id) const
 
 Shot_t PKC_PlotkaProject::getShotByNdx(unsigned int index) const
 {
-    return objectAt(beginShot(), index);
+    return objectAfter(ShotWalk(this), index);
 }
 
 Panel_t PKC_PlotkaProject::getPanelByNdx(unsigned int index) const
 {
-    PanelWalk walk(this);
-    for (; index > 0 && walk.panel().isValid(); --index)
-        walk.step();
-    return walk.panel();
+    return objectAfter(PanelWalk(this), index);
 }
 
 Trans_t PKC_PlotkaProject::getTransByNdx(unsigned int index) const
 {
-    return objectAt(beginTrans(), index);
+    auto transition = beginTrans();
+    for (; index > 0 && transition != endTrans(); --index)
+        ++transition;
+    return *transition;
 }
 
 unsigned int PKC_PlotkaProject::getShotNdx(const Shot_t &shot) const
 {
     unsigned int index = 0;
-    for (auto it = beginShot(); it != endShot(); ++it, ++index) {
-        if (*it == shot)
+    for (ShotWalk walk(this); !walk.isAtEnd(); walk.step(), ++index) {
+        if (walk.current() == shot)
             return index;
     }
     return invalidNdx;
@@ -115,8 +115,8 @@ unsigned int PKC_PlotkaProject::getShotNdx(const Shot_t &shot) const
 unsigned int PKC_PlotkaProject::getShotNdx(const QString &name) const
 {
     unsigned int index = 0;
-    for (auto it = beginShot(); it != endShot(); ++it, ++index) {
-        if (it->name() == name)
+    for (ShotWalk walk(this); !walk.isAtEnd(); walk.step(), ++index) {
+        if (walk.current().name() == name)
             return index;
     }
     return invalidNdx;
@@ -126,8 +126,8 @@ unsigned int PKC_PlotkaProject::getPanelNdx(const Panel_t &panel, bool inShot) c
 {
     PanelWalk walk = inShot ? PanelWalk(this, firstInShot(panel)) : PanelWalk(this);
     const Panel_t end = inShot ? *endPanel(panel.shot()) : Panel_t();
-    for (unsigned int index = 0; walk.panel().isValid() && walk.panel() != end; walk.step(), ++index) {
-        if (walk.panel() == panel)
+    for (unsigned int index = 0; !walk.isAtEnd() && walk.current() != end; walk.step(), ++index) {
+        if (walk.current() == panel)
             return index;
     }
     return invalidNdx;
@@ -138,9 +138,10 @@ Shot_t PKC_PlotkaProject::getShotByName(const QString &name, const QString &sequ
     const auto matches = [upperCase](const QString &own, const QString &asked) {
         return own == asked || (upperCase && own.toUpper() == asked);
     };
-    for (auto shot = beginShot(); shot != endShot(); ++shot) {
-        if ((sequence.isEmpty() || matches(shot->sequenceName(), sequence)) && matches(shot->name(), name))
-            return *shot;
+    for (ShotWalk walk(this); !walk.isAtEnd(); walk.step()) {
+        const Shot_t &shot = walk.current();
+        if ((sequence.isEmpty() || matches(shot.sequenceName(), sequence)) && matches(shot.name(), name))
+            return shot;
     }
     return Shot_t();
 }
@@ -151,11 +152,11 @@ std::list<SC_Id> PKC_PlotkaProject::panelsIdBetween(const Panel_t &a, const Pane
         return {};
     const Panel_t end = inclusive ? next(b) : b;
     std::list<SC_Id> ids;
-    for (PanelWalk walk(this, inclusive ? a : next(a)); walk.panel() != end; walk.step()) {
+    for (PanelWalk walk(this, inclusive ? a : next(a)); walk.current() != end; walk.step()) {
         // Past the last panel the walk would go on for ever.
-        if (walk.panel().isInvalid())
+        if (walk.current().isInvalid())
             throw std::length_error("list too long");
-        ids.push_back(walk.panel().id());
+        ids.push_back(walk.current().id());
     }
     return ids;
 }

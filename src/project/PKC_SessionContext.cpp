@@ -9,16 +9,18 @@
 #include "scene/session/TUScene.h"
 #include "tracking/PKC_SceneChangeManager.h"
 
+#include <QPointer>
+
 #include <utility>
 
 struct PKC_SessionContext::SessionPrivate {
     ~SessionPrivate()
     {
-        delete project;
+        delete project.data();
         delete playbackSystem;
     }
 
-    PKC_PlotkaProject *project = nullptr;
+    QPointer<PKC_PlotkaProject> project;
     PL_System *playbackSystem = nullptr;
 };
 
@@ -36,7 +38,14 @@ PKC_SessionContext::PKC_SessionContext(PLUG_Manager *pluginManager, AC_Manager *
 }
 
 PKC_SessionContext::PKC_SessionContext(const PKC_SessionContext &) = default;
-PKC_SessionContext &PKC_SessionContext::operator=(const PKC_SessionContext &) = default;
+
+PKC_SessionContext &PKC_SessionContext::operator=(const PKC_SessionContext &other)
+{
+    d = other.d; // first: a project goes before the managers it hears
+    SC_SessionContext::operator=(other);
+    return *this;
+}
+
 PKC_SessionContext::~PKC_SessionContext() = default;
 
 void PKC_SessionContext::init()
@@ -65,7 +74,7 @@ void PKC_SessionContext::createPlotkaProject(SC_Project *project)
 void PKC_SessionContext::releaseProject()
 {
     SC_SessionContext::releaseProject();
-    delete std::exchange(d->project, nullptr);
+    delete d->project.data();
     projectManager()->clean();
 }
 
@@ -76,7 +85,7 @@ void PKC_SessionContext::releasePlaybackSystem()
 
 PKC_PlotkaProject *PKC_SessionContext::plotkaProject() const
 {
-    return d->project;
+    return d->project.data();
 }
 
 PL_System *PKC_SessionContext::playbackSystem() const

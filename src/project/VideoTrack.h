@@ -15,7 +15,7 @@ namespace Plotka
 class PLOTKA_EXPORT VideoTrack
 {
 public:
-    enum Type { TrackNone = 0, TrackVideo = 1, TrackPanel = 2 };
+    enum Type : int { TrackNone = 0, TrackVideo = 1, TrackPanel = 2 };
 
     static const VideoTrack invalid;
     /// The index of no track; all bits set.

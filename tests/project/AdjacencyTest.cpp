@@ -1,7 +1,8 @@
 #include "support/Printers.h"
 #include "support/Storyboard.h"
 
-#include "scene/network/MO_Node.h"
+#include "scene/network/MO_ElementModule.h"
+#include "scene/network/TUGroup.h"
 #include "scene/timeline/TUSoundTimedValue.h"
 
 #include <gtest/gtest.h>
@@ -98,6 +99,16 @@ TEST_P(Adjacency, FindsNoTransitionBesideAShotThatEndsInAGap)
     EXPECT_TRUE(board->isPrecededByTrans(board->getShotByNdx(1)));
 }
 
+TEST_P(Adjacency, FindsTheGapsWithinAShotBesideItsPanels)
+{
+    Storyboard board("-5- A(10,-5,10)", GetParam());
+    Space_t space;
+    EXPECT_TRUE(board->isFollowedBySpace(board->getPanelByNdx(0), &space));
+    EXPECT_EQ(space, Space_t(board->getShotByNdx(0), 16, 20));
+    EXPECT_TRUE(board->isPrecededBySpace(board->getPanelByNdx(1), &space));
+    EXPECT_EQ(space, Space_t(board->getShotByNdx(0), 16, 20));
+}
+
 class Conversion : public ::testing::TestWithParam<bool>
 {
 };
@@ -118,6 +129,11 @@ TEST_P(Conversion, FindsTheObjectOfASceneANodeOrATimedValue)
         EXPECT_EQ(board->tvToShot(board.panelTrack(1)).id(), shotScene->objectId());
         EXPECT_TRUE(board->tvToPanel(board.panelTrack(1)).isInvalid());
     }
+    MO_ElementModule *const layer =
+        new MO_ElementModule(board.panelScene(0, 1)->sceneCommon(), QStringLiteral("layer"));
+    ASSERT_TRUE(board.panelScene(0, 1)->getRootGroup()->addNode(layer));
+    EXPECT_EQ(board->nodeToPanel(layer).id(), board.panelId(0, 1));
+    EXPECT_TRUE(board->nodeToPanel(board.topScene().getRootGroup()).isInvalid());
     TUTimedValue *const drawings = board.panelScene(0, 1)->addSeqTimedValue(QStringLiteral("drawings"));
     board.notify();
     EXPECT_EQ(board->tvToPanel(drawings).id(), board.panelId(0, 1));
@@ -174,4 +190,30 @@ TEST_P(Conversion, CountsThePanelsThatEndWithinTheTimeWarp)
     EXPECT_EQ(board->panelCount(board->getShotByNdx(3)), 0u); // starts past the last panel
     EXPECT_EQ(board->panelCount(board->getShotByNdx(4)), 2u);
     EXPECT_EQ(board->panelCount(Shot_t()), 0u);
+}
+
+TEST(Conversion, ReadsARememberedSceneThatNowStandsElsewhereAsNotFound)
+{
+    Storyboard board("A(10,10)");
+    TUScene *const scene = board.panelScene(0, 1);
+    const SC_SceneCommon *common = scene->sceneCommon();
+    ASSERT_TRUE(board->sceneCommonToPanel(common).isValid());
+    ASSERT_TRUE(board.deletePanelScene(0, 1)); // and not told of it
+    EXPECT_TRUE(board->sceneCommonToPanel(common).isInvalid());
+}
+
+TEST(Conversion, OfAProjectWithoutScenesHasNoAudio)
+{
+    UT_SharedPtr<SC_Project> empty(new SC_Project(QStringLiteral("/nowhere"), QStringLiteral("empty")));
+    const PKC_PlotkaProject project(empty.get());
+    EXPECT_EQ(project.getNumOfAudioFrames(true), 0u);
+    EXPECT_EQ(project.topScene(), nullptr);
+    EXPECT_EQ(project.topMainTv(), nullptr);
+    EXPECT_EQ(project.shotCount(), 0u);
+}
+
+TEST_P(Conversion, CountsFramesToTheEndOfTheLastShot)
+{
+    Storyboard board("-5- A(10) B(7)", GetParam());
+    EXPECT_EQ(board->getNumOfFrames(), 22u);
 }

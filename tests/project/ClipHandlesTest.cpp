@@ -11,6 +11,20 @@
 
 #include <gtest/gtest.h>
 
+namespace Plotka
+{
+
+/// Looks at what a video clip keeps to itself.
+class VideoClipProbe
+{
+public:
+    static bool isRemembering(const VideoClip &clip) { return clip.isUsingFrameBlockCache(); }
+    static void remember(const VideoClip &clip, bool on) { clip.useFrameBlockCache(on); }
+    static bool hasRemembered(const VideoClip &clip) { return clip.m_cachedBlock.isValid(); }
+};
+
+} // namespace Plotka
+
 using namespace Plotka;
 
 namespace
@@ -207,4 +221,44 @@ TEST_F(ClipHandles, ClipCopiesItsBody)
     EXPECT_EQ(clip, board->getPanelByNdx(1));
     clip = Clip();
     EXPECT_TRUE(clip.isInvalid());
+}
+
+TEST_F(ClipHandles, VideoClipRemembersItsBlockOnlyWhileTold)
+{
+    const VideoClip clip(track, scene, VideoTrack());
+    VideoClipProbe::remember(clip, true);
+    ASSERT_EQ(clip.firstFrame(), 11u);
+    ASSERT_TRUE(track->setBlockRange(clip.frameBlock().key, 15, 20));
+    EXPECT_EQ(clip.firstFrame(), 11u); // as remembered
+    const VideoClip copy(clip);
+    EXPECT_FALSE(VideoClipProbe::isRemembering(copy));
+    EXPECT_EQ(copy.firstFrame(), 15u);
+    VideoClip target;
+    VideoClipProbe::remember(target, true);
+    target = clip;
+    EXPECT_TRUE(VideoClipProbe::isRemembering(target));
+    EXPECT_FALSE(VideoClipProbe::hasRemembered(target));
+    EXPECT_EQ(target.firstFrame(), 15u);
+    VideoClipProbe::remember(clip, false);
+    EXPECT_FALSE(VideoClipProbe::hasRemembered(clip));
+    EXPECT_EQ(clip.firstFrame(), 15u);
+}
+
+TEST_F(ClipHandles, ClipCutsTheFrameOfItsInnerRange)
+{
+    TUScene *const slow = board.sceneProject().addScene();
+    ASSERT_TRUE(track->insertBlock(51, 10, new AT_TimeWarpSeq(slow, 1.0, 5.5)));
+    const Clip clip(VideoClip(track, slow, VideoTrack()));
+    EXPECT_EQ(clip.videoClip().projectFrameToVideoClipFrame(52), 1.5);
+    EXPECT_EQ(clip.projectFrameToClipFrame(52), 1u);
+    EXPECT_EQ(clip.projectFrameToClipFrame(60), 5u);
+}
+
+TEST(ClipOfAPanel, IsNotInRangeBeforeItsShot)
+{
+    Storyboard board("-10- A(24,12)");
+    const Clip clip(board->getPanelByNdx(0));
+    EXPECT_FALSE(clip.isInRange(10));
+    EXPECT_FALSE(clip.isInRange(0));
+    EXPECT_TRUE(clip.isInRange(11));
 }

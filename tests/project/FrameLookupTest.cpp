@@ -239,14 +239,28 @@ TEST_P(FrameLookup, StandsOnTransitionOrPanelOrBesideAGap)
     EXPECT_EQ(panelOrTransition(board->panelTransBefore(18)), PanelTrans_t(board->getTransByNdx(0)));
 }
 
-TEST_P(FrameLookup, SetsAnIteratorOnATransitionBesideThePanelThatEndsWithIt)
+TEST_P(FrameLookup, SetsAnIteratorOnATransitionBesideAPanelOfItsFrames)
 {
     Storyboard both("A(10,10) ~2+2~ B(8,6)", GetParam());
     const auto it = both->panelTransAt(18);
     EXPECT_EQ(it.current().lastFrame(), 20u);
     EXPECT_TRUE(it.isTransitionAfter());
-    // Without one, beside the panel that begins with it: the walk by panels ends at the gap, so none is met.
+    // The last panel runs past its shot, so the panel that begins with the transition is the one.
+    Storyboard after("A@20(25) ~2+2~ B(14)", GetParam());
+    EXPECT_EQ(after->panelTransAt(18).current().firstFrame(), 17u);
+    EXPECT_FALSE(after->panelTransAt(18).isTransitionAfter());
+    // The walk by panels ends at the gap, so none is met.
     Storyboard gapBefore("A(10,-10) ~2+2~ B(14)", GetParam());
     EXPECT_TRUE(gapBefore->panelTransAt(18).current().isInvalid());
     EXPECT_TRUE(gapBefore->panelTransAt(18).isTransitionAfter());
+}
+
+TEST_P(FrameLookup, StaysInTheShotAtAGapWithinIt)
+{
+    Storyboard board("A(10,-5,10) B(5)", GetParam());
+    EXPECT_TRUE(board->getPanelAt(12, Backward, false, true).isInvalid());
+    EXPECT_EQ(board->getPanelAt(12, Backward, true, true).firstFrame(), 16u);
+    EXPECT_EQ(board->getPanelAt(12, Backward, true, false).firstFrame(), 1u);
+    Storyboard atEnd("A(10,-5) B(5)", GetParam());
+    EXPECT_TRUE(atEnd->getPanelAt(12, Backward, true, true).isInvalid()); // not the next shot's
 }

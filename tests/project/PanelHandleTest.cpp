@@ -6,9 +6,12 @@
 #include "metadata/PKC_ClipInfo.h"
 #include "project/ObjectNameHelper.h"
 #include "project/PanelCacheScope.h"
-#include "scene/network/MO_Node.h"
+#include "scene/network/MO_ElementModule.h"
+#include "scene/network/TUGroup.h"
 
 #include <gtest/gtest.h>
+
+#include <optional>
 
 namespace Plotka
 {
@@ -98,12 +101,15 @@ TEST(PanelHandle, CountsProjectFramesOnItsOwnBlockWhateverTheShotShows)
 TEST(PanelHandle, KnowsItsShotItsSceneAndTheNodeThatShowsIt)
 {
     Storyboard board("A(24,12)");
+    MO_ElementModule *const element = new MO_ElementModule(board.shotScene(0)->sceneCommon(), QStringLiteral("track"));
+    ASSERT_TRUE(board.shotScene(0)->getRootGroup()->addNode(element));
+    ASSERT_TRUE(board.panelTrack(0)->linkNode(element));
     const Panel_t panel = board->getPanelByNdx(1);
     EXPECT_EQ(panel.shot().id(), board.shotId(0));
     EXPECT_EQ(panel.id(), board.panelId(0, 1));
     EXPECT_EQ(panel.symbol(), board.panelScene(0, 1));
     EXPECT_EQ(panel.sceneId(), board.panelScene(0, 1)->sceneId());
-    EXPECT_EQ(panel.node(), board.panelTrack(0)->linkedNodes(0));
+    EXPECT_EQ(panel.node(), element);
     EXPECT_EQ(panel.shotName(), QStringLiteral("A"));
 }
 
@@ -279,4 +285,28 @@ TEST(PanelHandle, CopiesWithoutTheRememberedBlock)
     Panel_t &alias = target;
     target = alias;
     EXPECT_EQ(target, source);
+}
+
+TEST(PanelHandle, TakesADeadHelperForNone)
+{
+    Storyboard board("A(24)");
+    std::optional<FixedNames> helper(std::in_place);
+    const Panel_t panel(board.panelTrack(0), board.panelScene(0, 0), board->getShotByNdx(0), &*helper);
+    ASSERT_EQ(panel.name(), QStringLiteral("panel at 1"));
+    helper.reset();
+    EXPECT_TRUE(panel.name().isNull());
+}
+
+TEST(PanelHandle, SharesItsPrivatePartByCount)
+{
+    Storyboard board("A(24)");
+    using Shared = SharedPtr<PanelPrivate>;
+    const Panel_t panel = board->getPanelByNdx(0);
+    const Panel_t copy(panel);
+    EXPECT_EQ(static_cast<const Shared &>(panel), static_cast<const Shared &>(copy));
+    EXPECT_EQ(static_cast<const Shared &>(Panel_t()), static_cast<const Shared &>(Panel_t::invalid));
+    const Panel_t other(board.panelTrack(0), board.panelScene(0, 0), board->getShotByNdx(0), nullptr);
+    EXPECT_TRUE(static_cast<const Shared &>(panel) != static_cast<const Shared &>(other));
+    EXPECT_NE(static_cast<const Shared &>(panel) < static_cast<const Shared &>(other),
+        static_cast<const Shared &>(panel) > static_cast<const Shared &>(other));
 }

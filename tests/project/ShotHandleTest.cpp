@@ -255,6 +255,8 @@ TEST(ShotHandle, AddsTheStartOfItsTimeWarpToReachItsTimedValue)
     EXPECT_EQ(board->getShotByNdx(0).prjFrameToTvFrame(24), 28u);
     EXPECT_EQ(board->getShotByNdx(1).prjFrameToTvFrame(7), 7u); // no time warp
     EXPECT_EQ(board->getShotByNdx(2).prjFrameToTvFrame(3), 3u); // 3.5 cut toward zero
+    ASSERT_TRUE(board.setShotWarp(0, -10.0, 13.0));
+    EXPECT_EQ(board->getShotByNdx(0).prjFrameToTvFrame(1), 4294967286u); // low 32 bits of -10
 }
 
 TEST(ShotHandle, ReportsOnStandardOutputThatASequencePlacesNoScene)

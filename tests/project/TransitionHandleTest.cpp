@@ -93,3 +93,11 @@ TEST(TransitionHandle, ComparesByObjectId)
     EXPECT_NE(once, other);
     EXPECT_EQ(once < other, once.id() < other.id());
 }
+
+TEST(TransitionHandle, OfANullTransitionStandsWhereABlockPlacesNothing)
+{
+    Storyboard board("?5 A(20)");
+    const Trans_t transition(&board.timeline(), nullptr);
+    EXPECT_EQ(transition.firstFrame(), 1u);
+    EXPECT_EQ(transition.lastFrame(), 5u);
+}

@@ -5,7 +5,7 @@
 
 #include <gtest/gtest.h>
 
-#include <type_traits>
+#include <optional>
 
 using namespace Plotka;
 
@@ -331,4 +331,68 @@ TEST(Iterator, SwapsItsFourMovesInReverse)
     // Through the base as well: the four are virtual.
     objiterator<Shot_t> &base = it;
     EXPECT_EQ((++base)->firstFrame(), 11u);
+}
+
+TEST_P(Traversal, OfADamagedTimelineEndsAfterAsManyStepsAsThereAreBlocks)
+{
+    // The time warp starts below 1: the frame after the first panel leads to that panel again.
+    Storyboard board("A[0..19](p=10,10) B(5)", GetParam());
+    const Panel_t firstPanel = board->first(Panel_t());
+    ASSERT_EQ(board->next(firstPanel), firstPanel);
+    EXPECT_EQ(board->panelCount(), 3u);
+    EXPECT_TRUE(board->getPanelByID(board.panelId(1, 0)).isInvalid());
+    EXPECT_TRUE(board->getPanelByNdx(3).isInvalid());
+    EXPECT_EQ(board->getPanelNdx(firstPanel, /*inShot*/ true), 0u);
+    EXPECT_TRUE(board->getPanelIn(board->getShotByNdx(1), firstPanel, false).isInvalid());
+    EXPECT_EQ(board->shotCount(), 2u);
+}
+
+TEST_P(Traversal, GoesBackOverSeveralTransitions)
+{
+    Storyboard board("A(20) ~2+2~ B(14) C(9) ~1+1~ D(9)", GetParam());
+    const Trans_t second = board->last(Trans_t());
+    EXPECT_EQ(second.id(), board.transitionId(1));
+    EXPECT_EQ(board->prev(second).id(), board.transitionId(0));
+    EXPECT_TRUE(board->prev(board->prev(second)).isInvalid());
+}
+
+TEST_P(Traversal, OfOneShotThatEndsInAGapHasNoEndOfItsOwn)
+{
+    Storyboard board("A(10,-5) B(5)", GetParam());
+    const Shot_t a = board->getShotByNdx(0);
+    EXPECT_TRUE(board->endPanel(a)->isInvalid());
+    EXPECT_TRUE(board->rbeginPanel(a)->isInvalid()); // looks forward from the last frame
+    EXPECT_EQ(walk(board->beginPanel(a), board->endPanel(a)), "1");
+}
+
+TEST_P(Traversal, OfShotsTurnsOnATransitionToo)
+{
+    Storyboard board("A(20) ~2+2~ B(14)", GetParam());
+    auto it = board->endShotTrans();
+    it.last();
+    EXPECT_EQ(at(it), "17");
+    --it;
+    EXPECT_EQ(at(it), "17<T");
+    --it;
+    EXPECT_EQ(at(it), "1");
+    --it;
+    EXPECT_EQ(at(it), "end");
+    --it;
+    EXPECT_EQ(at(it), "end");
+    it.first();
+    EXPECT_EQ(at(it), "1");
+}
+
+TEST(Iterator, LeadsNowhereOnceItsProjectHasGone)
+{
+    std::optional<Storyboard> board("A(10,10) ~2+2~ B(10)");
+    auto panel = (*board)->beginPanel();
+    auto both = (*board)->rbeginPanelTrans();
+    auto shots = (*board)->beginShotTrans();
+    board.reset();
+    EXPECT_TRUE((++panel)->isInvalid());
+    EXPECT_TRUE((++both).current().isInvalid());
+    EXPECT_TRUE(both.first().current().isInvalid());
+    EXPECT_TRUE(both.last().current().isInvalid());
+    EXPECT_TRUE((--shots).current().isInvalid());
 }

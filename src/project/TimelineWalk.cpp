@@ -1,0 +1,60 @@
+#include "project/TimelineWalk_p.h"
+
+#include "project/PKC_PlotkaProject.h"
+#include "scene/session/SC_ProjectCommon.h"
+#include "scene/session/TUScene.h"
+#include "scene/timeline/TUSeqTimedValue.h"
+#include "scene/timeline/TimelineSearches.h"
+
+namespace Plotka
+{
+
+namespace
+{
+
+std::size_t blockCount(const PKC_PlotkaProject *project, const Shot_t &)
+{
+    const TUSeqTimedValue *timeline = project->topMainTv();
+    return timeline ? timeline->blockCount() : 0;
+}
+
+std::size_t blockCount(const PKC_PlotkaProject *project, const Panel_t &)
+{
+    const TUSeqTimedValue *timeline = project->topMainTv();
+    if (!timeline)
+        return 0;
+    std::size_t count = 0;
+    for (auto block = timeline->beginBlock(); block != timeline->endBlock(); ++block) {
+        const TUSeqTimedValue *panels = sceneMainTv(sceneOfBlock(project->projectCommon()->sceneManager(), *block));
+        count += panels ? panels->blockCount() : 0;
+    }
+    return count;
+}
+
+} // namespace
+
+template <typename T>
+TimelineWalk<T>::TimelineWalk(const PKC_PlotkaProject *project) :
+    TimelineWalk(project, project ? project->first(T()) : T())
+{
+}
+
+template <typename T>
+TimelineWalk<T>::TimelineWalk(const PKC_PlotkaProject *project, const T &from) : m_project(project), m_current(from)
+{
+}
+
+template <typename T>
+void TimelineWalk<T>::step()
+{
+    const T next = m_project && ++m_steps < m_bound ? m_project->next(m_current) : T();
+    const bool leadsOn = next.firstFrame() > m_current.firstFrame();
+    if (!leadsOn && next.isValid() && m_bound == std::numeric_limits<std::size_t>::max())
+        m_bound = blockCount(m_project, next);
+    m_current = m_steps < m_bound ? next : T();
+}
+
+template class TimelineWalk<Panel_t>;
+template class TimelineWalk<Shot_t>;
+
+} // namespace Plotka
