@@ -15,6 +15,9 @@ struct OtioText {
 public:
     /// @p text, cut so that a message stays readable whatever a file calls its things.
     static QString brief(const QString &text, qsizetype length = 80);
+    /// @p text without what a project file cannot hold: control characters but for white space, and lone
+    /// halves of surrogate pairs.
+    static QString storable(const QString &text);
 };
 
 /// One item of a cut, whichever schema and version it was written in.

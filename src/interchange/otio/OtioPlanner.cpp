@@ -169,10 +169,18 @@ void OtioPlanner::takeShotNames(const OtioNode &node, OtioShotPlan &shot)
 {
     QJsonObject metadata = node.metadata;
     QJsonObject own = metadata.value(kPlotka).toObject();
-    if (own.value(kAct).isString())
-        shot.act = own.take(kAct).toString();
-    if (own.value(kSequence).isString())
-        shot.sequence = own.take(kSequence).toString();
+    const auto take = [&](const QString &key, QString &name) {
+        if (!own.value(key).isString())
+            return;
+        const QString text = own.take(key).toString();
+        name = OtioText::storable(text);
+        if (name != text) {
+            m_notes.change(
+                "bad-characters", node.place, OtioText::tr("its %1 loses characters that no text can hold").arg(key));
+        }
+    };
+    take(kAct, shot.act);
+    take(kSequence, shot.sequence);
     if (metadata.value(kPlotka).isObject() && own.isEmpty())
         metadata.remove(kPlotka);
     noteRemainder(node, metadata);
@@ -283,8 +291,6 @@ void OtioPlanner::planSoundTrack(const OtioNode &track, const OtioWindow &window
             noteName(node);
             continue;
         }
-        if (!node.name.isEmpty())
-            m_notes.loss("sound-name", node.place, OtioText::tr("a sound has no name"));
         if (!node.isEnabled)
             m_notes.loss("disabled-sound", node.place, OtioText::tr("a single sound cannot be disabled"));
         if (node.isComposition())

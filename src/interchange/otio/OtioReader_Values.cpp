@@ -58,7 +58,12 @@ QString OtioReader::readString(const QJsonObject &owner, const QString &field, c
     const QJsonValue value = owner.value(field);
     if (!value.isString() && !value.isNull() && !value.isUndefined())
         noteBadValue(field, place);
-    return value.toString();
+    const QString text = value.toString();
+    const QString kept = OtioText::storable(text);
+    if (kept != text)
+        m_notes.change(
+            "bad-characters", place, OtioText::tr("its %1 loses characters that no text can hold").arg(field));
+    return kept;
 }
 
 bool OtioReader::readEnabled(const QJsonObject &owner, const QString &place)
