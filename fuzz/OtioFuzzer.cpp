@@ -40,7 +40,7 @@ void checkTransitions(const OtioPlan &plan)
         const OtioShotPlan &later = plan.shots[transition.before + 1];
         require(transition.firstFrame() == later.firstFrame && transition.lastFrame() == earlier.lastFrame);
         require(earlier.firstFrame < transition.firstFrame() && transition.lastFrame() < later.lastFrame);
-        require(transition.firstFrame() > lastFrame && transition.lastFrame() >= transition.firstFrame());
+        require(transition.firstFrame() > lastFrame + 1 && transition.lastFrame() >= transition.firstFrame());
         lastFrame = transition.lastFrame();
     }
 }

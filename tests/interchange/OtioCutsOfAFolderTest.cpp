@@ -1,4 +1,5 @@
-#include "interchange/CutText.h"
+#include "interchange/BuiltProject.h"
+#include "support/Problems.h"
 
 #include <QDirIterator>
 #include <QFile>
@@ -29,7 +30,20 @@ static void expectSound(const OtioPlan &plan)
     EXPECT_LE(lastCut, plan.frameCount);
 }
 
-TEST(OtioCutsOfAFolder, ArePlannedOrRefusedForAReason)
+static void expectBuilt(const QByteArray &bytes, const OtioReading &reading)
+{
+    const ImportedCut cut(bytes);
+    EXPECT_EQ(cut.result().error.message, reading.error.message);
+    ASSERT_EQ(cut.result().project == nullptr, reading.hasError());
+    if (reading.hasError())
+        return;
+    expectBuiltAsPlanned(reading.plan, cut.project());
+    EXPECT_EQ(problemsOf(cut.project()), "");
+    for (const ImportNote &note : cut.result().notes)
+        EXPECT_NE(note.code, QStringLiteral("refused"));
+}
+
+TEST(OtioCutsOfAFolder, BecomeProjectsOrAreRefusedForAReason)
 {
     const QString folder = qEnvironmentVariable("PLOTKA_CUTS");
     if (folder.isEmpty())
@@ -40,7 +54,8 @@ TEST(OtioCutsOfAFolder, ArePlannedOrRefusedForAReason)
     while (files.hasNext()) {
         QFile file(files.next());
         ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-        const OtioReading reading = OtioImport::read(file.readAll());
+        const QByteArray bytes = file.readAll();
+        const OtioReading reading = OtioImport::read(bytes);
         ++count;
         std::cout << "--- " << file.fileName().toStdString() << ": " << reading.error.message.toStdString() << '\n'
                   << reading.plan.rate.asString().toStdString() << " fps, " << reading.plan.frameCount
@@ -48,6 +63,7 @@ TEST(OtioCutsOfAFolder, ArePlannedOrRefusedForAReason)
                   << print(reading.plan) << '\n'
                   << print(reading.notes);
         expectSound(reading.plan);
+        expectBuilt(bytes, reading);
     }
     EXPECT_GT(count, 0) << "no cut in the folder";
 }

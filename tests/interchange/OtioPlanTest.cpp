@@ -246,9 +246,13 @@ TEST(OtioPlan, LetsTheLaterOfTwoTransitionsGiveWay)
     const OtioReading reading =
         read(timeline({track({clip("A", 20), dissolve(5, 6), clip("B", 10), dissolve(6, 5), clip("C", 20)})}));
     EXPECT_EQ(print(reading.plan),
-        "A 1-26 (1-26) | B 16-35 (1-20) | C 27-50 (1-24)\n"
-        "transition after shot 0: 16-26 cut 21\ntransition after shot 1: 27-35 cut 31");
+        "A 1-26 (1-26) | B 16-35 (1-20) | C 28-50 (1-23)\n"
+        "transition after shot 0: 16-26 cut 21\ntransition after shot 1: 28-35 cut 31");
     EXPECT_EQ(codes(reading), "transition-shortened");
+
+    // Also where the earlier one takes nothing of the shot between them.
+    EXPECT_EQ(planOf({clip("A", 9), dissolve(2, 0), clip("B", 1), dissolve(1, 0), clip("C", 9)}),
+        "A 1-9 (1-9) | B 8-10 (1-3) | C 11-19 (1-9)\ntransition after shot 0: 8-9 cut 10");
 }
 
 TEST(OtioPlan, LeavesOutATransitionThatJoinsNoTwoShots)

@@ -1,4 +1,5 @@
-#include "interchange/CutText.h"
+#include "interchange/BuiltProject.h"
+#include "support/Problems.h"
 
 #include <QJsonDocument>
 
@@ -100,7 +101,7 @@ void expectSoundTransitions(const OtioPlan &plan)
         EXPECT_LE(transition.firstFrame(), transition.lastFrame());
         EXPECT_EQ(transition.cutFrame, later.firstFrameBetweenCuts);
         EXPECT_EQ(transition.cutFrame, earlier.lastFrameBetweenCuts + 1);
-        EXPECT_LT(lastFrame, transition.firstFrame()) << "two transitions overlap";
+        EXPECT_LT(lastFrame + 1, transition.firstFrame()) << "two transitions leave a shot no frame";
         EXPECT_LT(earlier.firstFrame, transition.firstFrame()) << "the earlier shot keeps no frame";
         EXPECT_GT(later.lastFrame, transition.lastFrame()) << "the later shot keeps no frame";
         lastFrame = transition.lastFrame();
@@ -171,6 +172,22 @@ TEST(OtioRandomCuts, ReadTheSameThroughANestedShot)
                 panels += std::to_string(panel.firstFrame) + "-" + std::to_string(panel.lastFrame) + " ";
         }
         EXPECT_EQ(panels, framesBetweenCuts(flat)) << "seed " << seed;
+    }
+}
+
+TEST(OtioRandomCuts, AreBuiltAsPlanned)
+{
+    for (unsigned int seed = 0; seed < 500 && !::testing::Test::HasFailure(); ++seed) {
+        SCOPED_TRACE(::testing::Message() << "seed " << seed);
+        const RandomCut cut(seed);
+        const RandomCut layer(seed + 1000);
+        const QJsonObject board =
+            timeline({track(cut.items()), track(layer.items()), track(RandomCut(seed + 2000).items(), "Audio")});
+        const ImportedCut imported(board);
+        expectBuiltAsPlanned(read(board).plan, imported.project());
+        EXPECT_EQ(problemsOf(imported.project()), "");
+        for (const ImportNote &note : imported.result().notes)
+            EXPECT_NE(note.code, QStringLiteral("refused"));
     }
 }
 

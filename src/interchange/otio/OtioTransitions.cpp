@@ -63,8 +63,8 @@ private:
         }
 
         const bool hasOther = !m_plan.transitions.empty() && m_plan.transitions.back().before + 1 == before;
-        const qint64 taken = hasOther ? m_plan.transitions.back().framesAfterCut : 1;
-        const qint64 roomBefore = cut - (qint64(earlier.firstFrameBetweenCuts) - 1) - taken;
+        const qint64 taken = hasOther ? m_plan.transitions.back().framesAfterCut : 0;
+        const qint64 roomBefore = cut - (qint64(earlier.firstFrameBetweenCuts) - 1) - taken - 1;
         const qint64 roomAfter = qint64(later.lastFrameBetweenCuts) - cut - 1;
         const qint64 framesBefore = std::clamp<qint64>(wantedBefore, 0, roomBefore);
         const qint64 framesAfter = std::clamp<qint64>(wantedAfter, 0, roomAfter);
