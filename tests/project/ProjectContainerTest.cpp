@@ -1,0 +1,182 @@
+#include "support/Printers.h"
+#include "support/Storyboard.h"
+
+#include "tracking/PKC_SceneChangeManager.h"
+
+#include <QMetaMethod>
+
+#include <gtest/gtest.h>
+
+#include <future>
+#include <memory>
+
+using namespace Plotka;
+
+namespace
+{
+
+SC_Project *newSceneProject(const char *name)
+{
+    return new SC_Project(QStringLiteral("/nowhere"), QString::fromLatin1(name));
+}
+
+} // namespace
+
+TEST(ProjectContainer, HandsOutWhatItWraps)
+{
+    Storyboard board("A(4)");
+    EXPECT_EQ(board->project(), &board.sceneProject());
+    EXPECT_EQ(board->projectCommon(), board.sceneProject().projectCommon());
+    EXPECT_EQ(board->changeManager(), board.session().changeManager());
+    EXPECT_EQ(board->topScene(), &board.topScene());
+    EXPECT_EQ(board->topMainTv(), &board.timeline());
+    EXPECT_EQ(board->name(), QStringLiteral("storyboard"));
+    EXPECT_EQ(board->parent(), nullptr);
+}
+
+TEST(ProjectContainer, FollowsTheProjectsNewName)
+{
+    Storyboard board("A(4)");
+    board.sceneProject().projectCommon()->dbSceneData()->setLocation(
+        QStringLiteral("/elsewhere"), QStringLiteral("second draft"));
+    EXPECT_EQ(board->name(), QStringLiteral("second draft"));
+}
+
+TEST(ProjectContainer, SharesInTheOwnershipOfTheSceneProject)
+{
+    SC_Project *const scenes = newSceneProject("held");
+    const UT_SharedWeakPtr<TUScene> top(scenes->addScene());
+    auto first = std::make_unique<PKC_PlotkaProject>(scenes);
+    auto second = std::make_unique<PKC_PlotkaProject>(scenes);
+    EXPECT_EQ(scenes->refCount, 2);
+    first.reset();
+    EXPECT_EQ(scenes->refCount, 1);
+    EXPECT_EQ(second->topScene(), top.get());
+    second.reset();
+    EXPECT_EQ(top.get(), nullptr);
+}
+
+TEST(ProjectContainer, IsEmptyOverAProjectWithoutScenesOrWithoutTimedValues)
+{
+    SC_Project *const scenes = newSceneProject("empty");
+    PKC_PlotkaProject project(scenes);
+    for (int road = 0; road < 2; ++road) {
+        EXPECT_EQ(project.topMainTv(), nullptr);
+        EXPECT_EQ(project.shotCount(), 0u);
+        EXPECT_EQ(project.panelCount(), 0u);
+        EXPECT_EQ(project.transCount(), 0u);
+        EXPECT_EQ(project.getNumOfFrames(), 0u);
+        EXPECT_EQ(project.getNumOfAudioFrames(true), 0u);
+        EXPECT_EQ(project.getShotNdx(Shot_t()), PKC_PlotkaProject::invalidNdx);
+        EXPECT_TRUE(project.getShotAt(1, PKC_PlotkaProject::ResolveBackward, true, true).isInvalid());
+        EXPECT_TRUE(project.getPanelAt(1, PKC_PlotkaProject::ResolveForward, true, false).isInvalid());
+        EXPECT_TRUE(project.getTransAt(1).isInvalid());
+        EXPECT_TRUE(project.getSpaceAt(1).isInvalid());
+        EXPECT_TRUE(project.getPanelByID(SC_Id(1)).isInvalid());
+        EXPECT_TRUE(project.first(Shot_t()).isInvalid());
+        EXPECT_TRUE(project.last(Panel_t()).isInvalid());
+        EXPECT_TRUE(project.isNewPanelIds(SC_Id(1)));
+        scenes->addScene(); // a top scene without a timed value answers alike
+    }
+    EXPECT_NE(project.topScene(), nullptr);
+}
+
+TEST(ProjectContainer, LivesWithoutAChangeManager)
+{
+    SC_Project *const scenes = newSceneProject("unheard");
+    ASSERT_EQ(scenes->projectCommon()->changeManager(), nullptr);
+    const PKC_PlotkaProject project(scenes);
+    EXPECT_EQ(project.changeManager(), nullptr);
+    EXPECT_EQ(project.topScene(), nullptr);
+}
+
+TEST(ProjectContainer, HasTwoSlotsAndNoSignals)
+{
+    const QMetaObject &meta = PKC_PlotkaProject::staticMetaObject;
+    EXPECT_STREQ(meta.className(), "PKC_PlotkaProject");
+    ASSERT_EQ(meta.methodCount() - meta.methodOffset(), 2);
+    const QMetaMethod first = meta.method(meta.methodOffset());
+    const QMetaMethod second = meta.method(meta.methodOffset() + 1);
+    EXPECT_EQ(first.methodSignature(), QByteArray("onSceneChanged()"));
+    EXPECT_EQ(second.methodSignature(), QByteArray("onTimedValuesChanged(TUTvSet)"));
+    for (const QMetaMethod &method : {first, second}) {
+        EXPECT_EQ(method.methodType(), QMetaMethod::Slot);
+        EXPECT_EQ(method.access(), QMetaMethod::Protected);
+    }
+}
+
+TEST(ProjectContainer, IsNotReachedByNewsOnceItIsGone)
+{
+    Storyboard board("A(4) B(5)");
+    auto second = std::make_unique<PKC_PlotkaProject>(&board.sceneProject());
+    EXPECT_EQ(second->panelCount(), 2u);
+    second.reset();
+    board.addPanel(0, 3);
+    board.notify();
+    EXPECT_EQ(board->panelCount(), 3u);
+}
+
+TEST(SavedPanels, AreThoseOfTheConstructionUntilTheyAreUpdated)
+{
+    Storyboard board("A(4,5) B(6)");
+    for (const SC_Id &id : {board.panelId(0, 0), board.panelId(0, 1), board.panelId(1, 0)})
+        EXPECT_FALSE(board->isNewPanelIds(id));
+    EXPECT_TRUE(board->isNewPanelIds(board.shotId(0)));
+    EXPECT_TRUE(board->isNewPanelIds(SC_Id()));
+
+    board.addPanel(1, 3);
+    board.notify();
+    const SC_Id added = board.panelId(1, 1);
+    EXPECT_TRUE(board->isNewPanelIds(added));
+    board->invalidate();
+    EXPECT_TRUE(board->isNewPanelIds(added));
+    EXPECT_FALSE(board->isNewPanelIds(board.panelId(0, 0)));
+
+    board->updateSavedPanelIds();
+    EXPECT_FALSE(board->isNewPanelIds(added));
+}
+
+TEST(SavedPanels, ForgetAPanelThatHasGoneWhenUpdated)
+{
+    Storyboard board("A(4,5)");
+    const SC_Id removed = board.panelId(0, 1);
+    board.removePanel(0, 1);
+    board.notify();
+    EXPECT_FALSE(board->isNewPanelIds(removed));
+    board->updateSavedPanelIds();
+    EXPECT_TRUE(board->isNewPanelIds(removed));
+    EXPECT_FALSE(board->isNewPanelIds(board.panelId(0, 0)));
+}
+
+TEST(ProjectLock, IsHeldForItsScope)
+{
+    Storyboard board;
+    EXPECT_FALSE(PKC_PlotkaProject::LockHelper::isLocked(&board.project()));
+    {
+        const PKC_PlotkaProject::LockHelper lock(&board.project());
+        EXPECT_TRUE(PKC_PlotkaProject::LockHelper::isLocked(&board.project()));
+        EXPECT_EQ(board->shotCount(), 0u); // no question takes or checks it
+    }
+    EXPECT_FALSE(PKC_PlotkaProject::LockHelper::isLocked(&board.project()));
+}
+
+TEST(ProjectLock, OfNoProjectIsNotHeld)
+{
+    EXPECT_FALSE(PKC_PlotkaProject::LockHelper::isLocked(nullptr));
+}
+
+TEST(ProjectLock, IsWaitedForByAnotherThread)
+{
+    Storyboard board;
+    std::future<bool> other;
+    {
+        const PKC_PlotkaProject::LockHelper lock(&board.project());
+        other = std::async(std::launch::async, [&board] {
+            const PKC_PlotkaProject::LockHelper second(&board.project());
+            return PKC_PlotkaProject::LockHelper::isLocked(&board.project());
+        });
+        EXPECT_EQ(other.wait_for(std::chrono::milliseconds(20)), std::future_status::timeout);
+    }
+    EXPECT_TRUE(other.get());
+    EXPECT_FALSE(PKC_PlotkaProject::LockHelper::isLocked(&board.project()));
+}
