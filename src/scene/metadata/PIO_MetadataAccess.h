@@ -22,9 +22,10 @@ public:
     /// The record, or null. A remembered record that its container no longer holds is looked up anew.
     T *get()
     {
-        if (result && (!container || container->contains(result)))
+        if (result && (!container || container->removalCount() == m_removalsSeen))
             return result;
         result = container ? find() : nullptr;
+        m_removalsSeen = container ? container->removalCount() : 0;
         return result;
     }
 
@@ -35,7 +36,7 @@ public:
         if (T *known = get(); known || !container)
             return known;
         result = new T(name);
-        container->add(result);
+        container->add(result); // get() has taken note of the removals
         return result;
     }
 
@@ -55,4 +56,7 @@ private:
         }
         return nullptr;
     }
+
+    // An address alone does not tell a record from another made in its place.
+    unsigned int m_removalsSeen = 0;
 };

@@ -26,6 +26,7 @@ bool PIO_Metadatas::remove(PIO_Metadata *record)
     if (found == m_records.end())
         return false;
     m_records.erase(found);
+    ++m_removalCount;
     delete record;
     return true;
 }

@@ -34,6 +34,10 @@ public:
     PIO_Metadata *metadata(const QString &type, const QString &name) const;
     bool contains(const PIO_Metadata *record) const;
 
+    /// Counts the records that were removed: while it stands, a record found once is still here.
+    unsigned int removalCount() const { return m_removalCount; }
+
 private:
     std::vector<PIO_Metadata *> m_records;
+    unsigned int m_removalCount = 0;
 };

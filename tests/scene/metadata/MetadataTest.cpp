@@ -1,6 +1,7 @@
 #include "scene/changes/TUSceneChangeManager.h"
 #include "scene/metadata/PIO_MetadataAccess.h"
 #include "scene/metadata/PIO_MetadataBool.h"
+#include "scene/metadata/PIO_MetadataDouble.h"
 #include "scene/metadata/PIO_MetadataInt.h"
 #include "scene/metadata/PIO_Metadatas.h"
 #include "support/Records.h"
@@ -235,4 +236,18 @@ TEST(MetadataAccess, LooksAnewForARecordItsContainerNoLongerHolds)
     auto *next = new PIO_MetadataInt;
     records.add(next);
     EXPECT_EQ(access.get(), next);
+}
+
+TEST(MetadataAccess, DoesNotTakeARecordOfAnotherClassForTheOneThatWasThere)
+{
+    PIO_Metadatas records;
+    PIO_MetadataAccess<PIO_MetadataInt> access(&records, QString());
+    for (int round = 0; round < 100; ++round) {
+        PIO_MetadataInt *const record = access.getOrCreate();
+        ASSERT_TRUE(records.remove(record));
+        PIO_Metadata *const other = new PIO_MetadataDouble(QString()); // perhaps at the same address
+        records.add(other);
+        ASSERT_EQ(access.get(), nullptr);
+        ASSERT_TRUE(records.remove(other));
+    }
 }
