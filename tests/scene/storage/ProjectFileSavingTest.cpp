@@ -1,0 +1,245 @@
+#include "scene/metadata/PIO_MetadataString.h"
+#include "scene/metadata/PIO_Metadatas.h"
+#include "scene/session/SC_Project.h"
+#include "scene/session/TUScene.h"
+#include "scene/storage/SC_FileReport.h"
+#include "scene/storage/SC_ProjectFile.h"
+#include "support/ProjectText.h"
+#include "support/SampleProject.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+#include <csignal>
+#include <random>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace
+{
+
+QByteArray contentOf(const QString &path)
+{
+    QFile file(path);
+    EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << path.toStdString();
+    return file.readAll();
+}
+
+void write(const QString &path, const QByteArray &content)
+{
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    ASSERT_EQ(file.write(content), content.size());
+}
+
+/// A project in a folder of its own.
+struct SavedProject {
+    SavedProject()
+    {
+        session.newProject(folder.path(), QStringLiteral("p"));
+        EXPECT_TRUE(session.saveProject());
+    }
+
+    void change(const QString &words)
+    {
+        auto *record = new PIO_MetadataString(QStringLiteral("words"), QStringLiteral("c"), QStringLiteral("1"));
+        record->setValue(words);
+        session.project()->metadatas()->add(record);
+    }
+    std::string saveRefused()
+    {
+        SC_FileReport report;
+        EXPECT_FALSE(session.saveProject(&report));
+        EXPECT_TRUE(report.hasErrors());
+        return textOf(report);
+    }
+
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("p.plotka"));
+    TestSession session;
+};
+
+/// Runs the code in a child process that answers for nothing but its files; gives its process id.
+template <typename Code>
+pid_t inChild(Code code)
+{
+    const pid_t child = fork();
+    if (child == 0) {
+        code();
+        _exit(0);
+    }
+    return child;
+}
+
+} // namespace
+
+TEST(Saving, IsRefusedOverAFileThatChangedOnDisk)
+{
+    SavedProject saved;
+    saved.change(QStringLiteral("mine"));
+    const QByteArray theirs = contentOf(saved.path).replace("rate=\"24\"", "rate=\"25\"");
+    write(saved.path, theirs);
+    EXPECT_EQ(saved.saveRefused(), "p.plotka: error: not saved: the file was changed since it was read or saved\n");
+    EXPECT_EQ(contentOf(saved.path), theirs);
+    EXPECT_EQ(QDir(saved.folder.path()).entryList(QDir::Files).size(), 1);
+
+    // Elsewhere it can still be saved, and goes on from there.
+    EXPECT_TRUE(saved.session.saveProjectAs(saved.folder.filePath(QStringLiteral("mine/q.plotka"))));
+    EXPECT_TRUE(saved.session.saveProject());
+    EXPECT_EQ(contentOf(saved.path), theirs);
+}
+
+TEST(Saving, IsNotRefusedOverAFileThatWasOnlyTouchedOrHasGone)
+{
+    SavedProject saved;
+    const QByteArray same = contentOf(saved.path);
+    write(saved.path, same);
+    saved.change(QStringLiteral("a"));
+    EXPECT_TRUE(saved.session.saveProject());
+    EXPECT_TRUE(QFile::remove(saved.path));
+    EXPECT_TRUE(saved.session.saveProject());
+    saved.change(QStringLiteral("b"));
+    EXPECT_TRUE(saved.session.saveProject());
+    EXPECT_TRUE(contentOf(saved.path).contains("value=\"b\""));
+}
+
+TEST(Saving, IsRefusedOverAFileTheProjectWasNotReadFrom)
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("p.plotka"));
+    write(path, "precious");
+    TestSession session;
+    session.newProject(folder.path(), QStringLiteral("p"));
+    SC_FileReport report;
+    EXPECT_FALSE(session.saveProject(&report));
+    EXPECT_EQ(
+        textOf(report), "p.plotka: error: not saved: there is a file already that this project was not read from\n");
+    EXPECT_EQ(contentOf(path), "precious");
+}
+
+TEST(Saving, LeavesAFileThatCouldNotBeReadAlone)
+{
+    SavedProject saved;
+    const QByteArray damaged = contentOf(saved.path).left(100);
+    write(saved.path, damaged);
+    TestSession session;
+    SC_FileReport report;
+    EXPECT_EQ(session.openProject(saved.path, &report), nullptr);
+    EXPECT_TRUE(report.hasErrors());
+    EXPECT_FALSE(session.saveProject());
+    session.newProject(saved.folder.path(), QStringLiteral("p"));
+    EXPECT_FALSE(session.saveProject());
+    EXPECT_EQ(contentOf(saved.path), damaged);
+}
+
+TEST(Saving, FailsWhereNothingCanBeWritten)
+{
+    const QTemporaryDir folder;
+    write(folder.filePath(QStringLiteral("file")), "");
+    TestSession session;
+    session.newProject(folder.filePath(QStringLiteral("file/below")), QStringLiteral("p"));
+    SC_FileReport report;
+    EXPECT_FALSE(session.saveProject(&report));
+    EXPECT_EQ(textOf(report), "p.plotka: error: not saved: the folder cannot be made\n");
+
+    QDir(folder.path()).mkdir(QStringLiteral("p.plotka"));
+    report.clear();
+    EXPECT_FALSE(session.saveProjectAs(folder.filePath(QStringLiteral("p.plotka")), &report));
+    EXPECT_TRUE(report.hasErrors());
+}
+
+TEST(Opening, TellsWhatIsNoFile)
+{
+    const QTemporaryDir folder;
+    SC_FileReport report;
+    EXPECT_EQ(SC_ProjectFile::read(folder.filePath(QStringLiteral("p.plotka")), report), nullptr);
+    EXPECT_EQ(textOf(report), "p.plotka: error: there is no such file\n");
+    const QString pipe = folder.filePath(QStringLiteral("pipe.plotka"));
+    ASSERT_EQ(mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
+    report.clear();
+    EXPECT_EQ(SC_ProjectFile::read(pipe, report), nullptr);
+    EXPECT_EQ(textOf(report), "pipe.plotka: error: this is no regular file\n");
+    report.clear();
+    EXPECT_EQ(SC_ProjectFile::read(QStringLiteral("/dev/zero"), report), nullptr);
+    EXPECT_EQ(textOf(report), "zero: error: this is no regular file\n");
+}
+
+TEST(Opening, KeepsTheProjectThatIsOpenWhenItFails)
+{
+    SavedProject saved;
+    SC_Project *open = saved.session.project();
+    EXPECT_EQ(saved.session.openProject(saved.folder.filePath(QStringLiteral("none.plotka"))), nullptr);
+    EXPECT_EQ(saved.session.project(), open);
+}
+
+// A saving process is killed again and again at moments spread over all that it does.
+TEST(Saving, LeavesAWholeFileWheneverItIsKilled)
+{
+    SavedProject saved;
+    for (int i = 0; i < 300; ++i) // long enough to be hit in the middle of
+        saved.session.project()->addScene();
+    ASSERT_TRUE(saved.session.saveProject());
+
+    std::mt19937 random(20);
+    int survived = 0;
+    for (int kill = 0; kill < 500; ++kill) {
+        const QByteArray before = contentOf(saved.path);
+        const pid_t child = inChild([&] {
+            for (int n = 0;; ++n) {
+                saved.change(QStringLiteral("%1.%2").arg(kill).arg(n));
+                if (!saved.session.saveProject())
+                    _exit(1);
+            }
+        });
+        usleep(std::uniform_int_distribution<useconds_t>(0, 12000)(random));
+        ASSERT_EQ(::kill(child, SIGKILL), 0);
+        int status = 0;
+        ASSERT_EQ(waitpid(child, &status, 0), child);
+        ASSERT_TRUE(WIFSIGNALED(status)) << "saving failed";
+
+        const QByteArray after = contentOf(saved.path);
+        survived += after != before;
+        SC_FileReport report;
+        const UT_SharedPtr<SC_Project> whole(SC_ProjectFile::fromText(after, saved.path, report));
+        ASSERT_TRUE(whole && report.isEmpty()) << textOf(report);
+        ASSERT_EQ(SC_ProjectFile::toText(*whole, QStringLiteral("p")), after);
+        // The next child goes on from what is there.
+        ASSERT_TRUE(saved.session.openProject(saved.path));
+        if (kill % 50 == 49) {
+            for (const QString &left : QDir(saved.folder.path()).entryList({QStringLiteral("p.plotka.*")}))
+                QFile::remove(saved.folder.filePath(left));
+        }
+    }
+    EXPECT_GT(survived, 50) << "the child was never given the time to save";
+}
+
+TEST(Saving, LeavesTheOldFileWhenItRunsOutOfSpace)
+{
+    SavedProject saved;
+    const QByteArray before = contentOf(saved.path);
+    for (int i = 0; i < 2000; ++i)
+        saved.session.project()->addScene();
+    const QByteArray full = SC_ProjectFile::toText(*saved.session.project(), QStringLiteral("p"));
+    for (rlim_t space : {rlim_t(0), rlim_t(1), rlim_t(4096), rlim_t(full.size() - 1)}) {
+        const pid_t child = inChild([&] {
+            std::signal(SIGXFSZ, SIG_IGN);
+            const rlimit limit{space, space};
+            setrlimit(RLIMIT_FSIZE, &limit);
+            SC_FileReport report;
+            const bool isSaved = saved.session.saveProject(&report);
+            _exit(isSaved || !report.hasErrors() ? 1 : 0);
+        });
+        int status = 0;
+        ASSERT_EQ(waitpid(child, &status, 0), child);
+        EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0) << "space for " << space;
+        EXPECT_EQ(contentOf(saved.path), before);
+        EXPECT_EQ(QDir(saved.folder.path()).entryList(QDir::Files).size(), 1);
+    }
+    EXPECT_TRUE(saved.session.saveProject());
+    EXPECT_EQ(contentOf(saved.path), full);
+}
