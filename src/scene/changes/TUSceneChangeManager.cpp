@@ -1,9 +1,9 @@
 #include "scene/changes/TUSceneChangeManager.h"
 
+#include "scene/base/UT_SharedPtr.h"
+#include "scene/metadata/PIO_Metadata.h"
 #include "scene/network/MO_Node.h"
 #include "scene/timeline/TUTimedValue.h"
-
-#include <QPointer>
 
 #include <utility>
 
@@ -32,15 +32,6 @@ void include(TUChangeSet<UT_SharedWeakPtr<T>> &set, T *changed)
 {
     if (changed)
         set.insert(UT_SharedWeakPtr<T>(changed));
-}
-
-/// Takes the set out of the queue, then sends it; an empty set sends nothing.
-template <typename Set, typename Send>
-void sendSet(Set &queued, Send send)
-{
-    const Set taken = std::exchange(queued, Set());
-    if (!taken.empty())
-        send(taken);
 }
 
 } // namespace
@@ -88,28 +79,60 @@ void TUSceneChangeManager::markPendingBeforeSend()
 void TUSceneChangeManager::sendSignals()
 {
     // What answers from the timeline drops its caches first: the slots of node signals look nodes up there.
+    using Manager = TUSceneChangeManager;
+    const QPointer<Manager> alive(this);
     if (std::exchange(m_queue->sceneChanged, false))
         Q_EMIT sceneChanged();
-    sendSet(m_queue->timedValuesAdded, [this](const TUTvSet &set) { Q_EMIT timedValuesAdded(set); });
-    sendSet(m_queue->timedValuesRemoved, [this](const TUTvSet &set) { Q_EMIT timedValuesRemoved(set); });
-    sendSet(m_queue->timedValuesChanged, [this](const TUTvSet &set) { Q_EMIT timedValuesChanged(set); });
-    sendSet(m_queue->timedValueNamesChanged, [this](const TUTvSet &set) { Q_EMIT timedValueNamesChanged(set); });
-    m_networkPending = false;
-    sendSet(m_queue->nodesChanged, [this](const TUNodeSet &set) { Q_EMIT nodesChanged(set); });
-    sendSet(m_queue->networkChanged, [this](const TUNodeSet &set) { Q_EMIT networkChanged(set); });
-    sendSet(m_queue->subNetworkChanged, [this](const TUNodeSet &set) { Q_EMIT subNetworkChanged(set); });
-    sendSet(m_queue->childrenOrderingChanged, [this](const TUNodeSet &set) { Q_EMIT childrenOrderingChanged(set); });
-    sendSet(m_queue->nodeLinksChanged, [this](const TUNodeSet &set) { Q_EMIT nodeLinksChanged(set); });
-    sendSet(m_queue->nodeInstanceNamesChanged, [this](const TUNodeSet &set) { Q_EMIT nodeInstanceNamesChanged(set); });
-    sendSet(m_queue->nodeChangesApplied, [this](const TUNodeSet &set) {
-        for (const UT_SharedWeakPtr<MO_Node> &node : set) {
-            if (node)
-                Q_EMIT nodeChangeApplied(node.get());
-        }
-    });
-    sendSet(m_queue->metadataChanged, [this](const TUMetadataSet &set) { Q_EMIT metadataChanged(set); });
-    if (std::exchange(m_queue->selectionChanged, false))
+    send(alive, &Queue::timedValuesAdded, &Manager::timedValuesAdded);
+    send(alive, &Queue::timedValuesRemoved, &Manager::timedValuesRemoved);
+    send(alive, &Queue::timedValuesChanged, &Manager::timedValuesChanged);
+    send(alive, &Queue::timedValueNamesChanged, &Manager::timedValueNamesChanged);
+    if (alive)
+        m_networkPending = false;
+    send(alive, &Queue::nodesChanged, &Manager::nodesChanged);
+    send(alive, &Queue::networkChanged, &Manager::networkChanged);
+    send(alive, &Queue::subNetworkChanged, &Manager::subNetworkChanged);
+    send(alive, &Queue::childrenOrderingChanged, &Manager::childrenOrderingChanged);
+    send(alive, &Queue::nodeLinksChanged, &Manager::nodeLinksChanged);
+    send(alive, &Queue::nodeInstanceNamesChanged, &Manager::nodeInstanceNamesChanged);
+    sendNodeChangesApplied(alive);
+    sendMetadataChanged(alive);
+    if (alive && std::exchange(m_queue->selectionChanged, false))
         Q_EMIT selectionChanged();
+}
+
+template <typename Set>
+void TUSceneChangeManager::send(const QPointer<TUSceneChangeManager> &manager, Set Queue::*queued,
+    void (TUSceneChangeManager::*signal)(const Set &))
+{
+    const Set taken = manager ? std::exchange(manager->m_queue.get()->*queued, Set()) : Set();
+    if (!taken.empty())
+        Q_EMIT(manager->*signal)(taken);
+}
+
+void TUSceneChangeManager::sendNodeChangesApplied(const QPointer<TUSceneChangeManager> &manager)
+{
+    const TUNodeSet taken = manager ? std::exchange(manager->m_queue->nodeChangesApplied, TUNodeSet()) : TUNodeSet();
+    for (const UT_SharedWeakPtr<MO_Node> &watched : taken) {
+        MO_Node *const node = watched.get();
+        if (!manager || !node)
+            continue;
+        // One receiver may drop the node that the next is told of. What nobody counts is not ours to delete.
+        const UT_SharedPtr<MO_Node> held(node->refCount > 0 ? node : nullptr);
+        Q_EMIT manager->nodeChangeApplied(node);
+    }
+}
+
+void TUSceneChangeManager::sendMetadataChanged(const QPointer<TUSceneChangeManager> &manager)
+{
+    const TUMetadataSet taken =
+        manager ? std::exchange(manager->m_queue->metadataChanged, TUMetadataSet()) : TUMetadataSet();
+    if (taken.empty())
+        return;
+    manager->m_metadataBeingSent = &taken;
+    Q_EMIT manager->metadataChanged(taken);
+    if (manager)
+        manager->m_metadataBeingSent = nullptr;
 }
 
 void TUSceneChangeManager::emitSceneChanged()
@@ -174,8 +197,10 @@ void TUSceneChangeManager::emitNodeChangeApplied(MO_Node *node)
 
 void TUSceneChangeManager::emitMetadataChanged(PIO_Metadata *metadata, int changeCode)
 {
-    if (metadata)
-        m_queue->metadataChanged.insert(PIO_MetaModif(metadata, changeCode));
+    // The record has to know whom to tell of its death, so what is new here goes through the record as well; the
+    // second time round nothing is new.
+    if (metadata && m_queue->metadataChanged.insert(PIO_MetaModif(metadata, changeCode)).second)
+        metadata->emitChanged(this, changeCode);
 }
 
 void TUSceneChangeManager::emitSelectionChanged()
@@ -188,4 +213,11 @@ void TUSceneChangeManager::forgetMetadata(const PIO_Metadata *metadata)
     TUMetadataSet &queued = m_queue->metadataChanged;
     for (auto it = queued.begin(); it != queued.end();)
         it = it->metadata() == metadata ? queued.erase(it) : std::next(it);
+    // A receiver may be walking over this one.
+    if (m_metadataBeingSent) {
+        for (const PIO_MetaModif &modif : *m_metadataBeingSent) {
+            if (modif.m_metadata == metadata)
+                modif.m_metadata = nullptr;
+        }
+    }
 }

@@ -4,6 +4,7 @@
 #include "scene/changes/TUChangeSets.h"
 
 #include <QObject>
+#include <QPointer>
 
 #include <memory>
 
@@ -16,6 +17,7 @@ class PIO_Metadata;
 /// nothing was queued. A set is taken out before it is sent: what a receiver queues for a signal
 /// that has gone out already waits for the next notify(). A notify() inside a notify() is
 /// remembered: one further pass runs after the current one, however often it was asked for.
+/// A receiver may delete what the news is about, and the manager too: what is left is then not sent.
 class PLOTKA_SCENE_EXPORT TUSceneChangeManager : public QObject
 {
     Q_OBJECT
@@ -47,7 +49,8 @@ public:
     void emitSelectionChanged();
     /// @}
 
-    /// Takes back what is queued about a record that is about to die.
+    /// Takes back what is queued about a record that is about to die, and blanks the record in what is
+    /// being sent. Records that have been queued call it by themselves.
     void forgetMetadata(const PIO_Metadata *metadata);
 
 Q_SIGNALS:
@@ -77,10 +80,18 @@ protected:
     void markPendingBeforeSend();
 
 private:
-    void runPass();
-
     struct Queue;
+
+    void runPass();
+    /// Takes the set out of the queue, then sends it; an empty set sends nothing, and so does a manager that has died.
+    template <typename Set>
+    static void send(const QPointer<TUSceneChangeManager> &manager, Set Queue::*queued,
+        void (TUSceneChangeManager::*signal)(const Set &));
+    static void sendNodeChangesApplied(const QPointer<TUSceneChangeManager> &manager);
+    static void sendMetadataChanged(const QPointer<TUSceneChangeManager> &manager);
+
     std::unique_ptr<Queue> m_queue;
+    const TUMetadataSet *m_metadataBeingSent = nullptr;
     bool m_notifying = false;
     bool m_furtherPass = false;
     bool m_networkPending = false;
