@@ -14,6 +14,12 @@ UT_SharedWeakBase::~UT_SharedWeakBase()
     m_record->drop();
 }
 
+void UT_SharedWeakBase::forgetWatchers()
+{
+    if (m_record)
+        m_record->clearTarget();
+}
+
 UT_SharedWeakRecord *UT_SharedWeakBase::weakRecord() const
 {
     if (!m_record) {

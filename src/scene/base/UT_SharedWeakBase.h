@@ -47,6 +47,11 @@ public:
     /// The control record, never null.
     UT_SharedWeakRecord *weakRecord() const;
 
+protected:
+    /// Makes all weak pointers read null from here on. For the first line of a destructor whose parts, while
+    /// they are taken down, must not be asked anything any more.
+    void forgetWatchers();
+
 private:
     mutable unsigned int m_count = 0;
     mutable UT_SharedWeakRecord *m_record = nullptr;

@@ -4,6 +4,7 @@
 #include "scene/session/TUScene.h"
 
 #include <algorithm>
+#include <utility>
 
 SC_Project::SC_Project(const QString &projectDir, const QString &sceneName) : m_projectCommon(projectDir, sceneName) {}
 
@@ -11,7 +12,8 @@ SC_Project::~SC_Project()
 {
     // Nobody is told of a project that goes away as a whole.
     m_projectCommon.setChangeManager(nullptr);
-    m_scenes.clear();
+    while (!m_scenes.empty())
+        takeOut(m_scenes.end() - 1);
 }
 
 SC_SceneBase *SC_Project::sceneAt(unsigned int index) const
@@ -48,10 +50,16 @@ bool SC_Project::removeScene(TUScene *scene)
         [scene](const std::unique_ptr<TUScene> &held) { return held.get() == scene; });
     if (place == m_scenes.end() || place == m_scenes.begin())
         return false;
-    // Its ids stay taken: they are never given out again.
-    m_projectCommon.sceneManager()->m_scenes.remove(scene->sceneId());
-    m_scenes.erase(place);
+    takeOut(place);
     if (TUSceneChangeManager *changes = m_projectCommon.changeManager())
         changes->emitSceneChanged();
     return true;
+}
+
+void SC_Project::takeOut(SceneList::iterator place)
+{
+    // It dies when nobody can find it any more. Its ids stay taken: they are never given out again.
+    const std::unique_ptr<TUScene> dying = std::move(*place);
+    m_scenes.erase(place);
+    m_projectCommon.sceneManager()->m_scenes.remove(dying->sceneId());
 }

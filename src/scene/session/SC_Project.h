@@ -39,8 +39,12 @@ public:
     /// @}
 
 private:
+    using SceneList = std::vector<std::unique_ptr<TUScene>>;
+
+    void takeOut(SceneList::iterator place);
+
     mutable SC_ProjectCommon m_projectCommon;
     mutable PIO_Metadatas m_metadatas;
-    std::vector<std::unique_ptr<TUScene>> m_scenes;
+    SceneList m_scenes;
     QSet<qint64> m_sceneIds;
 };

@@ -8,6 +8,7 @@
 #include "scene/timeline/TUSoundTimedValue.h"
 
 #include <algorithm>
+#include <utility>
 
 TUScene::TUScene(SC_ProjectCommon *projectCommon, SC_Id objectId, SC_Id sceneId) :
     m_objectId(objectId), m_sceneId(sceneId), m_sceneCommon(this, projectCommon),
@@ -17,7 +18,9 @@ TUScene::TUScene(SC_ProjectCommon *projectCommon, SC_Id objectId, SC_Id sceneId)
 
 TUScene::~TUScene()
 {
-    for (TUTimedValue *timedValue : m_timedValues)
+    // Whoever is reached from here, the destructor of a record for one, finds no scene any more.
+    forgetWatchers();
+    for (TUTimedValue *timedValue : std::exchange(m_timedValues, {}))
         delete timedValue;
 }
 
