@@ -5,6 +5,14 @@
 #include <algorithm>
 #include <limits>
 
+namespace
+{
+
+/// Never given out, so that the next number always fits.
+constexpr qint64 lastNumber = std::numeric_limits<qint64>::max();
+
+} // namespace
+
 SC_ProjectCommon::SC_ProjectCommon(const QString &projectDir, const QString &sceneName) :
     m_dbSceneData(projectDir, sceneName)
 {
@@ -19,15 +27,14 @@ void SC_ProjectCommon::setChangeManager(TUSceneChangeManager *manager)
 
 SC_Id SC_ProjectCommon::createId()
 {
-    const SC_Id id(m_nextId);
-    reserveId(id);
-    return id;
+    if (m_nextId == lastNumber)
+        return SC_Id();
+    return SC_Id(m_nextId++);
 }
 
 void SC_ProjectCommon::reserveId(const SC_Id &id)
 {
-    constexpr qint64 last = std::numeric_limits<qint64>::max();
-    m_nextId = std::max(m_nextId, id.value() == last ? last : id.value() + 1);
+    m_nextId = std::max(m_nextId, id.value() == lastNumber ? lastNumber : id.value() + 1);
 }
 
 void SC_ProjectCommon::setPlaced(const SC_Id &id, bool placed)

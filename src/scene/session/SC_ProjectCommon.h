@@ -35,6 +35,7 @@ public:
     /// @name Ids
     /// A number is given out once in the life of a project, also not after its object was deleted.
     /// @{
+    /// Null when a file has used the numbers up.
     SC_Id createId();
     qint64 nextId() const { return m_nextId; }
     /// Later ids are greater than @p id.
