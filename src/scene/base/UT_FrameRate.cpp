@@ -32,6 +32,9 @@ QString UT_FrameRate::asString() const
 
 bool UT_FrameRate::parse(const QString &text)
 {
+    const auto isOfNumber = [](QChar c) { return (c >= u'0' && c <= u'9') || c == u'/'; };
+    if (!std::all_of(text.begin(), text.end(), isOfNumber))
+        return false;
     const QStringList parts = text.split(u'/');
     bool numeratorOk = false;
     bool denominatorOk = true;

@@ -20,7 +20,8 @@ public:
 
     /// "24", or "24000/1001" when the rate is no whole number.
     QString asString() const;
-    /// Reads what asString wrote. False for any other text, and the rate is then unchanged.
+    /// Reads a whole number or two with a slash between them, all above 0. False for any other text, and the rate is
+    /// then unchanged.
     bool parse(const QString &text);
 
     bool operator==(const UT_FrameRate &other) const noexcept

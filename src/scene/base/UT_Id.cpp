@@ -10,9 +10,11 @@ QString UT_Id::AsString() const
 bool UT_Id::parseXml(const QString &text)
 {
     bool ok = false;
-    const qint64 value = text.toLongLong(&ok, 10);
-    m_value = ok ? value : 0;
-    return ok;
+    m_value = text.toLongLong(&ok, 10);
+    if (ok && AsString() == text) // one text for one id: no sign, blank or zero too many
+        return true;
+    m_value = 0;
+    return false;
 }
 
 UT_Id UT_Id::createUnique()
