@@ -44,7 +44,7 @@ void MO_Node::setInstanceName(const QString &name)
 bool MO_Node::setParentNode(MO_Node *parent)
 {
     if (parent == m_parent.get())
-        return parent != nullptr;
+        return true;
     if (parent && (!m_ownerGroup || parent->m_ownerGroup != m_ownerGroup))
         return false;
     for (const MO_Node *above = parent; above; above = above->getParentNode()) {
@@ -59,6 +59,14 @@ bool MO_Node::setParentNode(MO_Node *parent)
         changes->emitNodeLinksChanged(this);
     }
     return true;
+}
+
+void MO_Node::leaveGroup()
+{
+    m_ownerGroup = nullptr;
+    m_parent = nullptr;
+    if (MO_Port *port = inPort(0))
+        port->feedFrom(nullptr);
 }
 
 void MO_Node::setLocked(bool locked)

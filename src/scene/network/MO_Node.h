@@ -55,8 +55,8 @@ public:
     /// Setting what stands already changes nothing and queues nothing.
     /// @{
     void setInstanceName(const QString &name);
-    /// Also connects port 0 to the parent's output. False for this node itself, one of its descendants or
-    /// a node outside its group; null puts it at the top.
+    /// Also connects port 0 to the parent's output; null puts it at the top. False for this node itself, one of its
+    /// descendants or a node outside its group.
     bool setParentNode(MO_Node *parent);
     void setLocked(bool locked);
     void setEnabled(bool enabled);
@@ -73,6 +73,8 @@ private:
     friend class TUGroup;
 
     void queueChangeApplied();
+    /// Without parent and link from then on. Silent: the group tells of its own.
+    void leaveGroup();
 
     UT_SharedWeakPtr<TUScene> m_scene;
     QString m_keyword;

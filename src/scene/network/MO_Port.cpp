@@ -14,14 +14,22 @@ MO_Port *MO_Port::realSrcPort() const
 bool MO_Port::connect(MO_Port *source)
 {
     MO_Node *const sourceNode = source ? source->node() : nullptr;
-    if (sourceNode == m_source.get() || sourceNode == m_node)
+    if (sourceNode == m_source.get() || sourceNode == m_node || m_node->outPort() == this)
+        return false;
+    if (source && sourceNode->outPort() != source)
         return false;
     MO_Node *const previous = m_source.get();
-    m_source = sourceNode;
+    feedFrom(sourceNode);
     const SC_SceneCommon *scene = m_node->sceneCommon();
     if (TUSceneChangeManager *changes = scene ? scene->projectCommon()->changeManager() : nullptr) {
         changes->emitNodeLinksChanged(m_node);
-        changes->emitNodeLinksChanged(sourceNode ? sourceNode : previous);
+        changes->emitNodeLinksChanged(sourceNode);
+        changes->emitNodeLinksChanged(previous);
     }
     return true;
+}
+
+void MO_Port::feedFrom(MO_Node *sourceNode)
+{
+    m_source = sourceNode;
 }

@@ -18,12 +18,18 @@ public:
     /// The out port that feeds this one; null when unconnected and once its node has died.
     MO_Port *realSrcPort() const;
 
-    /// Feeds this port from @p source; null disconnects. Queues the changed links of both nodes. False when
-    /// nothing changes, and for a port of this same node.
+    /// Feeds this in port from the out port @p source; null disconnects. Queues the changed links of both nodes
+    /// and of the one that fed it before. False when nothing changes, and for what is no way from an out port to
+    /// an in port of another node.
     bool connect(MO_Port *source);
     bool disconnect() { return connect(nullptr); }
 
 private:
+    friend class MO_Node;
+
+    /// The same without news.
+    void feedFrom(MO_Node *sourceNode);
+
     MO_Node *m_node;
     UT_SharedWeakPtr<MO_Node> m_source;
 };

@@ -2,10 +2,23 @@
 
 #include "scene/changes/TUSceneChangeManager.h"
 #include "scene/network/MO_Port.h"
+#include "scene/session/SC_SceneCommon.h"
+#include "scene/session/TUScene.h"
 
 #include <QHash>
 
 #include <algorithm>
+
+namespace
+{
+
+bool isRootGroup(const MO_Node &node)
+{
+    const SC_SceneCommon *scene = node.sceneCommon();
+    return scene && scene->scene()->getRootGroup() == &node;
+}
+
+} // namespace
 
 TUGroup::TUGroup(SC_SceneCommon *sceneCommon, const QString &instanceName) :
     MO_Node(sceneCommon, Keyword(), instanceName)
@@ -16,7 +29,7 @@ TUGroup::TUGroup(SC_SceneCommon *sceneCommon, const QString &instanceName) :
 TUGroup::~TUGroup()
 {
     for (const UT_SharedPtr<MO_Node> &node : m_nodes)
-        node->m_ownerGroup = nullptr;
+        node->leaveGroup();
 }
 
 const QString &TUGroup::Keyword()
@@ -56,7 +69,7 @@ void TUGroup::accept(MO_ModuleVisitor &visitor)
 
 bool TUGroup::addNode(const UT_SharedPtr<MO_Node> &node, const MO_Node *before)
 {
-    if (!node || node->m_ownerGroup || node.get() == this || node->sceneCommon() != sceneCommon())
+    if (!node || node->m_ownerGroup || node.get() == this || node->sceneCommon() != sceneCommon() || isRootGroup(*node))
         return false;
     for (const TUGroup *above = ownerGroup(); above; above = above->ownerGroup()) {
         if (above == node.get())
@@ -84,8 +97,7 @@ bool TUGroup::removeNode(MO_Node *node)
         if (other->getParentNode() == node)
             other->setParentNode(nullptr);
     }
-    held->setParentNode(nullptr);
-    held->m_ownerGroup = nullptr;
+    held->leaveGroup();
     m_nodes.erase(place);
     // Only the group: a node that has gone can refresh nobody.
     if (TUSceneChangeManager *changes = changeManager())

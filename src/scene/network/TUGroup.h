@@ -28,7 +28,7 @@ public:
     /// @name Edits
     /// @p before is a direct node of this group, null means the end. False when it is not, or when nothing would change.
     /// @{
-    /// The node is of the same scene and in no group yet.
+    /// The node is of the same scene, in no group yet, and not a group around this one.
     bool addNode(const UT_SharedPtr<MO_Node> &node, const MO_Node *before = nullptr);
     /// The children of the node move to the top of the hierarchy.
     bool removeNode(MO_Node *node);
