@@ -18,11 +18,12 @@ public:
     double start;
     double end;
 
-    /// Sets the inner range and queues the change of the timed value that holds the sequence.
+    /// Sets the inner range and queues the change of the timed value that holds the sequence, if it is a change.
     void setRange(double innerStart, double innerEnd);
 
     /// True when one frame of the block shows one frame of the inner range, for a block of that length.
-    bool hasSlopeOne(unsigned int frameCount) const { return end - start == double(frameCount) - 1.0; }
+    /// Compared in the form in which the end is made to follow the length, so that it stays true afterwards.
+    bool hasSlopeOne(unsigned int frameCount) const { return end == start + (double(frameCount) - 1.0); }
 
     /// A frame of the block, whose limits are given, as a position in the inner range.
     virtual double toLocalFrame(double frame, double fromFrame, double toFrame) const;

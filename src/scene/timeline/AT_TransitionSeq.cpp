@@ -2,6 +2,8 @@
 
 #include "scene/timeline/TUSeqTimedValue.h"
 
+#include <utility>
+
 AT_TransitionSeq::AT_TransitionSeq(SC_Id transitionId, int transitionType, int transitionAngle, bool reversed) :
     TUSeq(transitionId), type(transitionType), angle(transitionAngle), reverse(reversed)
 {
@@ -35,20 +37,20 @@ QString AT_TransitionSeq::typeString() const
 
 void AT_TransitionSeq::setType(int transitionType)
 {
-    type = transitionType;
-    queueChange();
+    if (std::exchange(type, transitionType) != transitionType)
+        queueChange();
 }
 
 void AT_TransitionSeq::setAngle(int degrees)
 {
-    angle = degrees;
-    queueChange();
+    if (std::exchange(angle, degrees) != degrees)
+        queueChange();
 }
 
 void AT_TransitionSeq::setReverse(bool reversed)
 {
-    reverse = reversed;
-    queueChange();
+    if (std::exchange(reverse, reversed) != reversed)
+        queueChange();
 }
 
 void AT_TransitionSeq::letGo() const

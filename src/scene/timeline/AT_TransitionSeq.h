@@ -30,7 +30,7 @@ public:
     QString typeString() const;
 
     /// @name Edits
-    /// They queue the change of the timed value that holds the sequence.
+    /// They queue the change of the timed value that holds the sequence. Setting what stands already queues nothing.
     /// @{
     void setType(int transitionType);
     void setAngle(int degrees);

@@ -89,7 +89,8 @@ public:
     /// The scene that it placed stays in the project. Refused beside a transition, and for transitions.
     bool removeBlock(const AT_FrameBlockKey &key);
     /// Moves or resizes a block over free frames, without passing a neighbour. A time warp of slope 1 keeps its
-    /// start and its end follows the length. Refused beside a transition, and for transitions.
+    /// start and its end follows the length. Refused beside a transition, and for transitions. The range that
+    /// stands already is no change and makes no news.
     bool setBlockRange(const AT_FrameBlockKey &key, unsigned int fromFrame, unsigned int frameCount);
     /// Lays @p transition over [cut - framesBefore, cut + framesAfter). @p cut is the first frame of the
     /// second of two touching scene blocks; the first grows past it and the second begins before it.

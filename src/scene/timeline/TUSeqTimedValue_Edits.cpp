@@ -41,7 +41,7 @@ void place(AT_FrameBlock &block, unsigned int fromFrame, unsigned int frameCount
 {
     AT_TimeWarpSeq *const warp = AT_TimeWarpSeq::toTimeWarp(block.seq());
     if (warp && warp->hasSlopeOne(block.key.frameCount))
-        warp->end = warp->start + double(frameCount) - 1.0;
+        warp->end = warp->start + (double(frameCount) - 1.0);
     block.key.fromFrame = fromFrame;
     block.key.frameCount = frameCount;
 }
@@ -54,7 +54,7 @@ TUSeqTimedValue::~TUSeqTimedValue()
         if (!block.seq())
             continue;
         block.seq()->m_timedValue = nullptr;
-        setPlaced(sceneCommon()->projectCommon(), block.seq(), false);
+        setPlaced(projectCommon(), block.seq(), false);
     }
 }
 
@@ -88,6 +88,8 @@ bool TUSeqTimedValue::setBlockRange(const AT_FrameBlockKey &key, unsigned int fr
         return false;
     if (index + 1 < m_blocks.size() && m_blocks[index + 1].fromFrame() <= fromFrame + frameCount - 1)
         return false;
+    if (m_blocks[index].key == AT_FrameBlockKey{fromFrame, frameCount, false})
+        return true;
     place(m_blocks[index], fromFrame, frameCount);
     changed(placesScene(m_blocks[index]));
     return true;
@@ -163,7 +165,7 @@ bool TUSeqTimedValue::isFree(unsigned int fromFrame, unsigned int frameCount) co
 
 bool TUSeqTimedValue::canHold(const TUSeq *seq) const
 {
-    return !seq || (!seq->m_timedValue && !isPlaced(sceneCommon()->projectCommon(), seq));
+    return !seq || (projectCommon() && !seq->m_timedValue && !isPlaced(projectCommon(), seq));
 }
 
 bool TUSeqTimedValue::isBesideTransition(std::size_t index) const
@@ -176,10 +178,10 @@ void TUSeqTimedValue::insertAt(std::size_t index, AT_FrameBlock block)
 {
     if (TUSeq *const seq = block.seq()) {
         seq->m_timedValue = this;
-        setPlaced(sceneCommon()->projectCommon(), seq, true);
-        sceneCommon()->projectCommon()->reserveId(seq->objectId());
+        setPlaced(projectCommon(), seq, true);
+        projectCommon()->reserveId(seq->objectId());
         if (seq->sceneSeq())
-            sceneCommon()->projectCommon()->reserveId(seq->sceneSeq()->id);
+            projectCommon()->reserveId(seq->sceneSeq()->id);
     }
     m_blocks.insert(m_blocks.begin() + std::ptrdiff_t(index), std::move(block));
     reindexFrom(index);
@@ -189,7 +191,7 @@ void TUSeqTimedValue::eraseAt(std::size_t index)
 {
     if (TUSeq *const seq = m_blocks[index].seq()) {
         seq->m_timedValue = nullptr;
-        setPlaced(sceneCommon()->projectCommon(), seq, false);
+        setPlaced(projectCommon(), seq, false);
         m_indexOfObject.remove(seq->objectId().value());
     }
     m_blocks.erase(m_blocks.begin() + std::ptrdiff_t(index));

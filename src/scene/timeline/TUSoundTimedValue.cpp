@@ -20,7 +20,7 @@ bool isRange(unsigned int fromFrame, unsigned int toFrame)
 TUSoundTimedValue::~TUSoundTimedValue()
 {
     for (const Sound &sound : m_sounds)
-        sceneCommon()->projectCommon()->setPlaced(sound.id, false);
+        projectCommon()->setPlaced(sound.id, false);
 }
 
 long TUSoundTimedValue::getEndFrame() const
@@ -42,17 +42,16 @@ std::vector<SC_Id> TUSoundTimedValue::sequenceIds() const
 
 SC_Id TUSoundTimedValue::addSound(unsigned int fromFrame, unsigned int toFrame, const QString &name)
 {
-    if (!isRange(fromFrame, toFrame))
+    if (!projectCommon() || !isRange(fromFrame, toFrame))
         return SC_Id();
-    const Sound sound{sceneCommon()->projectCommon()->createId(), fromFrame, toFrame, name};
-    addSound(sound);
-    return sound.id;
+    const Sound sound{projectCommon()->createId(), fromFrame, toFrame, name};
+    return addSound(sound) ? sound.id : SC_Id();
 }
 
 bool TUSoundTimedValue::addSound(const Sound &sound)
 {
-    SC_ProjectCommon *const project = sceneCommon()->projectCommon();
-    if (!isRange(sound.fromFrame, sound.toFrame) || sound.id.isNull() || project->isPlaced(sound.id))
+    SC_ProjectCommon *const project = projectCommon();
+    if (!project || !isRange(sound.fromFrame, sound.toFrame) || sound.id.isNull() || project->isPlaced(sound.id))
         return false;
     m_sounds.push_back(sound);
     project->reserveId(sound.id);
@@ -68,7 +67,7 @@ bool TUSoundTimedValue::removeSound(const SC_Id &id)
         std::find_if(m_sounds.begin(), m_sounds.end(), [&id](const Sound &sound) { return sound.id == id; });
     if (place == m_sounds.end())
         return false;
-    sceneCommon()->projectCommon()->setPlaced(place->id, false);
+    projectCommon()->setPlaced(place->id, false);
     m_sounds.erase(place);
     if (TUSceneChangeManager *changes = changeManager())
         changes->emitTimedValueChanged(this);

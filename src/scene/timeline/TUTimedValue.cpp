@@ -44,11 +44,14 @@ void TUTimedValue::setName(const QString &name)
 bool TUTimedValue::linkNode(MO_Node *node)
 {
     MO_ElementModule *const element = dynamic_cast<MO_ElementModule *>(node);
-    if (!element || element->drawingAttr()->linkedTimedValue() == this)
+    if (!element || element->sceneCommon() != m_sceneCommon || element->drawingAttr()->linkedTimedValue() == this)
         return false;
     if (TUTimedValue *previous = element->drawingAttr()->linkedTimedValue())
         previous->unlinkNode(element);
     element->drawingAttr()->m_linkedTimedValue = this;
+    m_linkedNodes.erase(std::remove_if(m_linkedNodes.begin(), m_linkedNodes.end(),
+                            [](const UT_SharedWeakPtr<MO_Node> &linked) { return !linked; }),
+        m_linkedNodes.end());
     m_linkedNodes.emplace_back(node);
     if (TUSceneChangeManager *changes = changeManager())
         changes->emitNodeChanged(node);
@@ -68,7 +71,13 @@ bool TUTimedValue::unlinkNode(MO_Node *node)
     return true;
 }
 
+SC_ProjectCommon *TUTimedValue::projectCommon() const
+{
+    return m_sceneCommon ? m_sceneCommon->projectCommon() : nullptr;
+}
+
 TUSceneChangeManager *TUTimedValue::changeManager() const
 {
-    return m_sceneCommon ? m_sceneCommon->projectCommon()->changeManager() : nullptr;
+    const SC_ProjectCommon *project = projectCommon();
+    return project ? project->changeManager() : nullptr;
 }

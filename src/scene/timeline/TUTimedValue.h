@@ -8,6 +8,7 @@
 #include <vector>
 
 class MO_Node;
+class SC_ProjectCommon;
 class SC_SceneCommon;
 class TUSceneChangeManager;
 
@@ -37,14 +38,16 @@ public:
     /// @name Edits
     /// @{
     void setName(const QString &name);
-    /// Makes this timed value drive @p node, an element, in both directions; an element is driven by one
-    /// timed value at a time. False for null, for what is no element, and for a link that stands.
+    /// Makes this timed value drive @p node, an element of the same scene, in both directions; an element is driven
+    /// by one timed value at a time. False for null, for what is no such element, and for a link that stands.
     bool linkNode(MO_Node *node);
     /// False when @p node is not linked to this timed value.
     bool unlinkNode(MO_Node *node);
     /// @}
 
 protected:
+    /// Null without a scene, and ids then have no home: such a timed value takes no sequence and no sound.
+    SC_ProjectCommon *projectCommon() const;
     /// The project's change manager, or null.
     TUSceneChangeManager *changeManager() const;
 
