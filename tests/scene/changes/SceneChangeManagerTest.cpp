@@ -240,7 +240,7 @@ TEST_F(SceneChangeManager, KeepsANodeUntilAllHaveHeardOfIt)
     QString heardOf;
     QObject::connect(&manager, &TUSceneChangeManager::nodeChangeApplied, &news, [&] { doomed = nullptr; });
     QObject::connect(&manager, &TUSceneChangeManager::nodeChangeApplied, &news,
-        [&](MO_Node *node) { heardOf += node->instanceName(); });
+        [&](MO_Node *node) { heardOf += watch ? node->instanceName() : QStringLiteral("gone"); });
     manager.notify();
     EXPECT_EQ(heardOf, QStringLiteral("doomed"));
     EXPECT_FALSE(watch);

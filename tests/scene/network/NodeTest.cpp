@@ -106,6 +106,21 @@ TEST_F(Node, TakesAParentAndItsLink)
     EXPECT_EQ(news.told(), "");
 }
 
+TEST_F(Node, TellsOfItsParentAlsoWhereNoPortChanges)
+{
+    MO_Node *const peg = add("P");
+    MO_Node *const node = add("A");
+    ASSERT_TRUE(node->inPort(0)->connect(peg->outPort()));
+    session.changeManager()->clear();
+    ASSERT_TRUE(node->setParentNode(peg));
+    EXPECT_EQ(news.told(), "childrenOrderingChanged{A} nodeLinksChanged{A}");
+    const UT_SharedPtr<TUGroup> nested = makeGroup("G"); // has no in port
+    ASSERT_TRUE(group->addNode(nested));
+    session.changeManager()->clear();
+    ASSERT_TRUE(nested->setParentNode(peg));
+    EXPECT_EQ(news.told(), "childrenOrderingChanged{G} nodeLinksChanged{G}");
+}
+
 TEST_F(Node, TellsBothParentsWhenItGoesFromOneToTheOther)
 {
     MO_Node *const p = add("P");

@@ -214,11 +214,11 @@ TEST_F(SeqTimedValueEdits, LetsATimeWarpOfSlopeOneFollowTheLength)
 
 TEST_F(SeqTimedValueEdits, KeepsSlopeOneWhateverTheStart)
 {
-    for (const double start : {0.1, 0.7, 1.0 / 3, 12345.678, -4.3, 1e9 + 0.1}) {
+    for (const double start : {0.1, 0.7, 1.0 / 3, 2.1, 12345.678, -4.3, 1e9 + 0.1}) {
         AT_TimeWarpSeq *const warp = addShot(1, 1);
         warp->setRange(start, start);
         unsigned int count = 1;
-        for (const unsigned int next : {4u, 7u, 24u, 3u, 1000u, 2u}) {
+        for (const unsigned int next : {5u, 9u, 4u, 24u, 3u, 65u, 1000u, 2u}) {
             ASSERT_TRUE(timeline->setBlockRange({1, count, false}, 1, next));
             count = next;
             EXPECT_DOUBLE_EQ(warp->end, start + count - 1) << start << " " << count;
