@@ -3,7 +3,7 @@
 #include "cli/AtCommand.h"
 #include "cli/CliText.h"
 #include "cli/Console.h"
-#include "cli/DisplayWidth.h"
+#include "cli/ImportCommand.h"
 #include "cli/InfoCommand.h"
 #include "cli/TextTable.h"
 #include "cli/TimelineCommand.h"
@@ -18,7 +18,7 @@ namespace
 
 QList<Subcommand> subcommands()
 {
-    return {infoCommand(), timelineCommand(), atCommand()};
+    return {importCommand(), infoCommand(), timelineCommand(), atCommand()};
 }
 
 QCommandLineOption helpOption()

@@ -133,14 +133,10 @@ QString DisplayWidth::printable(const QString &text)
     return QString::fromUcs4(reinterpret_cast<const char32_t *>(characters.constData()), characters.size());
 }
 
-QString DisplayWidth::fitted(const QString &text, int columns)
+QString DisplayWidth::cut(const QString &text, int columns)
 {
-    if (columns <= 0)
-        return QString();
-    if (of(text) <= columns)
-        return text;
     QString kept;
-    int used = 1; // the ellipsis
+    int used = 0;
     forEachCluster(text, [&](const QString &cluster, int width) {
         if (used + width > columns)
             return false;
@@ -148,7 +144,14 @@ QString DisplayWidth::fitted(const QString &text, int columns)
         kept += cluster;
         return true;
     });
-    return kept + QChar(0x2026);
+    return kept;
+}
+
+QString DisplayWidth::fitted(const QString &text, int columns)
+{
+    if (columns <= 0)
+        return QString();
+    return of(text) <= columns ? text : cut(text, columns - 1) + QChar(0x2026);
 }
 
 QString DisplayWidth::leftAligned(const QString &text, int columns)

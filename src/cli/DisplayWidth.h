@@ -13,7 +13,9 @@ int of(const QString &text);
 /// the direction of writing become U+FFFD.
 QString printable(const QString &text);
 
-/// As much of the text as fits; what is cut ends in an ellipsis, which counts.
+/// As much of the text as fits.
+QString cut(const QString &text, int columns);
+/// The same, but what is cut ends in an ellipsis, which counts.
 QString fitted(const QString &text, int columns);
 
 /// Fitted, and filled up with spaces.

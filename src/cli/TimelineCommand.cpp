@@ -14,8 +14,6 @@
 
 #include <QCommandLineParser>
 
-#include <algorithm>
-
 namespace
 {
 
@@ -53,6 +51,7 @@ QString rangeText(unsigned int firstFrame, unsigned int lastFrame)
     return firstFrame == 0 ? QString() : QStringLiteral("%1-%2").arg(firstFrame).arg(lastFrame);
 }
 
+/// Act and sequence of a shot; empty without.
 QString placeText(const TimelineItem &item)
 {
     QStringList names;
@@ -76,8 +75,7 @@ QStringList tableRow(const TimelineItem &item)
     const QString count = item.isEndless() ? QString() : QString::number(item.frameCount());
     const QString inShot = item.shotId.isNull() ? QString() : rangeText(item.shotFirstFrame, item.shotLastFrame);
     const QString id = item.id.isNull() ? QString() : item.id.AsString();
-    return {QString::number(item.firstFrame), last, count, inShot, item.timecode, tableKind(item), id, item.name,
-        placeText(item)};
+    return {QString::number(item.firstFrame), last, count, inShot, item.timecode, tableKind(item), id, item.name};
 }
 
 /// Shots stand out, gaps step back.
@@ -113,21 +111,24 @@ QString tableText(const TimelineListing &listing)
     const int width = Console::outputWidth();
     text += u'\n' + drawTimeline(listing, width).join(u'\n') + QStringLiteral("\n\n");
 
-    const bool hasPlaces = std::any_of(listing.items.begin(), listing.items.end(),
-        [](const TimelineItem &item) { return !placeText(item).isEmpty(); });
     TextTable table({{CliText::tr("first"), TextTable::Right}, {CliText::tr("last"), TextTable::Right},
         {CliText::tr("frames"), TextTable::Right}, {CliText::tr("in shot"), TextTable::Right},
         {CliText::tr("timecode")}, {CliText::tr("kind")}, {CliText::tr("id"), TextTable::Right},
-        {CliText::tr("name"), TextTable::Left, /*mayBeCut*/ true},
-        {hasPlaces ? CliText::tr("act / sequence") : QString(), TextTable::Left, /*mayBeCut*/ true}});
+        {CliText::tr("name"), TextTable::Left, /*mayBeCut*/ true}});
     for (const TimelineItem &item : listing.items)
         table.addRow(tableRow(item));
     const QStringList lines = table.lines(width);
     const bool hasColour = Console::outputHasColour();
-    for (qsizetype i = 0; i < lines.size(); ++i) {
-        const bool isTitle = i == 0;
-        const auto kind = isTitle ? TimelineItem::Gap : listing.items[static_cast<std::size_t>(i - 1)].kind;
-        text += (hasColour ? coloured(lines[i], kind) : lines[i]) + u'\n';
+    text += lines.first() + u'\n';
+    QString place;
+    for (std::size_t i = 0; i < listing.items.size(); ++i) {
+        const TimelineItem &item = listing.items[i];
+        const QString &line = lines[static_cast<qsizetype>(i) + 1];
+        if (item.kind == TimelineItem::Shot && placeText(item) != place) {
+            place = placeText(item);
+            text += u'\n' + DisplayWidth::fitted(DisplayWidth::printable(place), width) + u'\n';
+        }
+        text += (hasColour ? coloured(line, item.kind) : line) + u'\n';
     }
     return text;
 }

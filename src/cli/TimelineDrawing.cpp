@@ -61,9 +61,7 @@ public:
         if (cells.count() <= 0)
             return;
         put(cells.first, u'|');
-        const QString shown = DisplayWidth::fitted(DisplayWidth::printable(name), cells.count() - 1);
-        if (shown.size() > 1 || shown == name)
-            write(cells.first + 1, shown);
+        write(cells.first + 1, DisplayWidth::cut(DisplayWidth::printable(name), cells.count() - 1));
     }
 
     void write(int from, const QString &text)
@@ -104,10 +102,11 @@ private:
     QStringList m_cells;
 };
 
-/// 1, 2 or 5 times a power of ten frames, so that the numbers stand at least twelve cells apart.
+/// 1, 2 or 5 times a power of ten frames, so that there is room between the numbers.
 unsigned int rulerStep(const Scale &scale)
 {
-    constexpr quint64 cellsBetween = 12;
+    const auto longestNumber = static_cast<quint64>(QString::number(scale.frameCount()).size());
+    const quint64 cellsBetween = std::max<quint64>(8, longestNumber + 2);
     quint64 step = 1;
     for (int i = 0; step * static_cast<quint64>(scale.cellCount()) < cellsBetween * scale.frameCount(); ++i)
         step = i % 3 == 1 ? step / 2 * 5 : step * 2;

@@ -46,7 +46,7 @@ TEST(CommandLine, ShowsHelpAndVersionOnStandardOutput)
         const CommandRun run = runPlotka({QLatin1String(option)});
         EXPECT_EQ(run.exitCode, 0);
         EXPECT_EQ(run.errors, QByteArray());
-        for (const char *command : {"info", "timeline", "at"})
+        for (const char *command : {"import", "info", "timeline", "at"})
             EXPECT_TRUE(run.output.contains(command)) << run.output.toStdString();
     }
     for (const char *option : {"--version", "-v"})

@@ -21,8 +21,13 @@ QJsonObject CommandRun::json() const
 
 CommandRun runPlotka(const QStringList &arguments)
 {
+    return runProgram(QStringLiteral(PLOTKA_COMMAND), arguments);
+}
+
+CommandRun runProgram(const QString &program, const QStringList &arguments)
+{
     QProcess process;
-    process.start(QStringLiteral(PLOTKA_COMMAND), arguments);
+    process.start(program, arguments);
     constexpr int patience = 120'000;
     EXPECT_TRUE(process.waitForFinished(patience)) << process.errorString().toStdString();
     CommandRun run;

@@ -19,6 +19,7 @@ struct CommandRun {
 
 /// Runs the command as a process, without a terminal.
 CommandRun runPlotka(const QStringList &arguments);
+CommandRun runProgram(const QString &program, const QStringList &arguments);
 
 /// Projects in a folder that goes with the test.
 class ProjectFolder

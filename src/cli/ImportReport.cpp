@@ -1,0 +1,85 @@
+#include "cli/ImportReport.h"
+
+#include "cli/CliText.h"
+#include "cli/Console.h"
+#include "cli/DisplayWidth.h"
+#include "cli/JsonWriter.h"
+
+#include <QStringList>
+
+#include <algorithm>
+
+namespace
+{
+
+QString severityText(ImportNote::Severity severity)
+{
+    switch (severity) {
+    case ImportNote::Loss:
+        return QStringLiteral("loss");
+    case ImportNote::Change:
+        return QStringLiteral("change");
+    case ImportNote::Info:
+        break;
+    }
+    return QStringLiteral("info");
+}
+
+QString lineText(const ImportNote &note)
+{
+    const QString item = note.item.isEmpty() ? QString() : note.item + QStringLiteral(": ");
+    return DisplayWidth::printable(severityText(note.severity) + QStringLiteral(": ") + item + note.message);
+}
+
+} // namespace
+
+int ImportReport::count(ImportNote::Severity severity) const
+{
+    return static_cast<int>(std::count_if(
+        m_notes.begin(), m_notes.end(), [severity](const ImportNote &note) { return note.severity == severity; }));
+}
+
+QString ImportReport::jsonText(const QString &projectFile) const
+{
+    JsonWriter json;
+    json.beginObject();
+    json.field(QLatin1String("schema"), 1);
+    json.field(QLatin1String("input"), m_input);
+    json.field(QLatin1String("project"), projectFile);
+    json.beginArray(QLatin1String("notes"));
+    for (const ImportNote &note : m_notes) {
+        json.beginObject(JsonWriter::OneLine);
+        json.field(QLatin1String("severity"), severityText(note.severity));
+        json.field(QLatin1String("code"), note.code);
+        json.field(QLatin1String("item"), note.item);
+        json.field(QLatin1String("message"), note.message);
+        json.endObject();
+    }
+    json.endArray();
+    json.endObject();
+    return json.text();
+}
+
+void ImportReport::tell(ImportNote::Severity atLeast) const
+{
+    if (m_notes.empty())
+        return;
+    Console::tell(CliText::tr("notes: %1 loss, %2 change, %3 info")
+                      .arg(count(ImportNote::Loss))
+                      .arg(count(ImportNote::Change))
+                      .arg(count(ImportNote::Info)));
+    constexpr int mostTold = 20;
+    int untold = 0;
+    int told = 0;
+    for (const ImportNote &note : m_notes) {
+        const bool isWanted = note.severity >= atLeast;
+        if (isWanted && told < mostTold) {
+            Console::tell(lineText(note));
+            ++told;
+        } else if (isWanted) {
+            ++untold;
+        }
+    }
+    if (untold > 0)
+        Console::tell(CliText::tr("and %1 more; --report FILE writes all of them").arg(untold));
+}

@@ -1,0 +1,238 @@
+#include "cli/CommandRun.h"
+#include "support/Golden.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QJsonArray>
+
+#include <gtest/gtest.h>
+
+namespace
+{
+
+/// A cut of one clip, with what the clip has besides.
+QByteArray cutOf(const QByteArray &name, const QByteArray &clipFields = QByteArray())
+{
+    return R"({"OTIO_SCHEMA": "Timeline.1", "name": ")" + name
+        + R"(", "tracks": {"OTIO_SCHEMA": "Stack.1", "children": [{"OTIO_SCHEMA": "Track.1", "kind": "Video",
+ "children": [{"OTIO_SCHEMA": "Clip.2", "name": "A", )"
+        + clipFields + R"("source_range": {"OTIO_SCHEMA": "TimeRange.1",
+ "start_time": {"OTIO_SCHEMA": "RationalTime.1", "rate": 24, "value": 0},
+ "duration": {"OTIO_SCHEMA": "RationalTime.1", "rate": 24, "value": 48}}}]}]}})";
+}
+
+const QByteArray lossyFields = R"("effects": [{"OTIO_SCHEMA": "Effect.1", "name": "blur"}], )";
+
+class ImportCommand : public ::testing::Test
+{
+protected:
+    QString path(const QString &name) const { return m_folder.path(name); }
+    QString cut(const QByteArray &content) const { return m_folder.write(QStringLiteral("cut.otio"), content); }
+    QString write(const QString &name, const QByteArray &content) const { return m_folder.write(name, content); }
+
+    CommandRun import(const QString &input, const QStringList &options = {}) const
+    {
+        return runPlotka(QStringList{QStringLiteral("import"), input, QStringLiteral("-o"), output()} + options);
+    }
+    QString output() const { return path(QStringLiteral("out")); }
+
+    /// Names of the files in the output folder, hidden ones too.
+    QStringList written() const
+    {
+        return QDir(output()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot, QDir::Name);
+    }
+    void expectNothingWritten() const { EXPECT_FALSE(QFileInfo::exists(output())); }
+
+    QJsonObject info() const { return runPlotka({QStringLiteral("info"), output(), QStringLiteral("--json")}).json(); }
+
+private:
+    ProjectFolder m_folder;
+};
+
+QByteArray contentOf(const QString &file)
+{
+    QFile in(file);
+    return in.open(QIODevice::ReadOnly) ? in.readAll() : QByteArray();
+}
+
+} // namespace
+
+TEST_F(ImportCommand, WritesAProjectAndSaysWhere)
+{
+    const CommandRun run = import(cut(cutOf("Night")));
+    EXPECT_EQ(run.exitCode, 0);
+    EXPECT_EQ(run.output, output().toUtf8() + "/Night.plotka\n");
+    EXPECT_EQ(run.errors.toStdString(), "");
+    EXPECT_EQ(written(), QStringList{QStringLiteral("Night.plotka")});
+    EXPECT_EQ(info()[QLatin1String("name")].toString(), QStringLiteral("Night"));
+    EXPECT_EQ(info()[QLatin1String("frames")].toInt(), 48);
+    EXPECT_EQ(info()[QLatin1String("rate")].toString(), QStringLiteral("24"));
+}
+
+TEST_F(ImportCommand, MakesTheSampleCutReadWell)
+{
+    const CommandRun run =
+        import(QStringLiteral(PLOTKA_EXAMPLES "/lantern_harbour.otio"), {QStringLiteral("--strict")});
+    EXPECT_EQ(run.exitCode, 0) << run.errors.toStdString();
+    expectGolden("cli/lantern_harbour.txt", runPlotka({QStringLiteral("timeline"), output()}).output.toStdString());
+    EXPECT_EQ(info()[QLatin1String("counts")].toObject(),
+        (QJsonObject{{QStringLiteral("shots"), 12}, {QStringLiteral("panels"), 16}, {QStringLiteral("transitions"), 3},
+            {QStringLiteral("gaps"), 3}, {QStringLiteral("videoTracks"), 1}, {QStringLiteral("videoClips"), 2},
+            {QStringLiteral("soundTracks"), 2}, {QStringLiteral("sounds"), 4}, {QStringLiteral("scenes"), 31}}));
+    EXPECT_TRUE(info()[QLatin1String("unknownRecords")].toArray().isEmpty());
+}
+
+TEST_F(ImportCommand, TakesItsRateFromTheOption)
+{
+    const std::pair<const char *, const char *> rates[] = {{"25", "25"}, {"24000/1001", "24000/1001"},
+        {"23.976", "24000/1001"}, {"23.98", "24000/1001"}, {"29.97", "30000/1001"}, {"59.94", "60000/1001"}};
+    for (const auto &rate : rates) {
+        const QStringList options = {QStringLiteral("--rate"), QLatin1String(rate.first), QStringLiteral("--force")};
+        EXPECT_EQ(import(cut(cutOf("Night")), options).exitCode, 0) << rate.first;
+        EXPECT_EQ(info()[QLatin1String("rate")].toString().toStdString(), rate.second);
+    }
+}
+
+TEST_F(ImportCommand, RefusesWrongUsage)
+{
+    for (const char *rate : {"0", "-24", "fast", "", "1001", "23.5", "nan", "24/0", "inf"}) {
+        EXPECT_EQ(import(cut(cutOf("Night")), {QStringLiteral("--rate"), QLatin1String(rate)}).exitCode, 2) << rate;
+    }
+    EXPECT_EQ(runPlotka({QStringLiteral("import"), cut(cutOf("Night"))}).exitCode, 2);
+    EXPECT_EQ(runPlotka({QStringLiteral("import"), QStringLiteral("-o"), output()}).exitCode, 2);
+    EXPECT_EQ(runPlotka({QStringLiteral("import"), cut(cutOf("Night")), QStringLiteral("-o")}).exitCode, 2);
+    EXPECT_EQ(runPlotka({QStringLiteral("import"), cut(cutOf("Night")), QStringLiteral("-o"), QString()}).exitCode, 2);
+    EXPECT_EQ(import(cut(cutOf("Night")), {QStringLiteral("--report"), QString()}).exitCode, 2);
+    expectNothingWritten();
+}
+
+TEST_F(ImportCommand, SaysWhatIsWrongWithTheInput)
+{
+    const auto expectBadInput = [this](const QString &input, const QByteArray &message) {
+        const CommandRun run = import(input);
+        EXPECT_EQ(run.exitCode, 3) << input.toStdString();
+        EXPECT_EQ(run.output.toStdString(), "");
+        EXPECT_TRUE(run.errors.startsWith("plotka: " + input.toUtf8())) << run.errors.toStdString();
+        EXPECT_TRUE(run.errors.contains(message)) << run.errors.toStdString();
+        expectNothingWritten();
+    };
+    expectBadInput(path(QStringLiteral("nowhere.otio")), "error: ");
+    expectBadInput(path(QStringLiteral(".")), "folder");
+    expectBadInput(write(QStringLiteral("empty.otio"), QByteArray()), "error: ");
+    expectBadInput(write(QStringLiteral("text.otio"), "{\n  \"name\": }\n"), "text.otio:2:");
+    expectBadInput(write(QStringLiteral("list.otio"), "[1, 2]"), "error: ");
+    expectBadInput(write(QStringLiteral("deep.otio"), QByteArray(100'000, '[')), "error: ");
+    expectBadInput(write(QStringLiteral("names %1 夜.otio"), "{}"), "error: ");
+}
+
+TEST_F(ImportCommand, WritesOverNothingUnlessForced)
+{
+    ASSERT_EQ(import(cut(cutOf("Night"))).exitCode, 0);
+    const QByteArray before = contentOf(path(QStringLiteral("out/Night.plotka")));
+    const CommandRun refused = import(cut(cutOf("Day")));
+    EXPECT_EQ(refused.exitCode, 5);
+    EXPECT_EQ(refused.output.toStdString(), "");
+    EXPECT_EQ(written(), QStringList{QStringLiteral("Night.plotka")});
+    EXPECT_EQ(contentOf(path(QStringLiteral("out/Night.plotka"))), before);
+
+    EXPECT_EQ(import(cut(cutOf("Day")), {QStringLiteral("--force")}).exitCode, 0);
+    EXPECT_EQ(written(), (QStringList{QStringLiteral("Day.plotka"), QStringLiteral("Night.plotka~")}));
+    EXPECT_EQ(contentOf(path(QStringLiteral("out/Night.plotka~"))), before);
+    EXPECT_EQ(info()[QLatin1String("name")].toString(), QStringLiteral("Day"));
+
+    EXPECT_EQ(import(cut(cutOf("Day")), {QStringLiteral("--force")}).exitCode, 0);
+    EXPECT_EQ(written().size(), 3);
+}
+
+TEST_F(ImportCommand, RefusesAFolderWithOtherFilesAndTakesAnEmptyOne)
+{
+    QDir().mkpath(output());
+    EXPECT_EQ(import(cut(cutOf("Night"))).exitCode, 0);
+    QFile::remove(path(QStringLiteral("out/Night.plotka")));
+    write(QStringLiteral("out/.notes"), "mine");
+    EXPECT_EQ(import(cut(cutOf("Night"))).exitCode, 5);
+    EXPECT_EQ(import(cut(cutOf("Night")), {QStringLiteral("--force")}).exitCode, 0);
+    EXPECT_EQ(contentOf(path(QStringLiteral("out/.notes"))), QByteArray("mine"));
+}
+
+TEST_F(ImportCommand, DoesNotPutAFolderInPlaceOfAFile)
+{
+    const QString file = write(QStringLiteral("out"), "mine");
+    EXPECT_EQ(import(cut(cutOf("Night"))).exitCode, 5);
+    EXPECT_EQ(import(cut(cutOf("Night")), {QStringLiteral("--force")}).exitCode, 1);
+    EXPECT_EQ(contentOf(file), QByteArray("mine"));
+}
+
+TEST_F(ImportCommand, MakesTheFoldersAboveAndLeavesNoneAfterAFailure)
+{
+    const QString deep = path(QStringLiteral("a/b/c"));
+    const QString input = cut(cutOf("Night"));
+    const CommandRun failed = runPlotka({QStringLiteral("import"), input, QStringLiteral("-o"), deep,
+        QStringLiteral("--report"), path(QStringLiteral("nowhere/report.json"))});
+    EXPECT_EQ(failed.exitCode, 1);
+    EXPECT_NE(failed.errors, QByteArray());
+    EXPECT_FALSE(QFileInfo::exists(path(QStringLiteral("a"))));
+
+    EXPECT_EQ(runPlotka({QStringLiteral("import"), input, QStringLiteral("-o"), deep}).exitCode, 0);
+    EXPECT_TRUE(QFileInfo::exists(deep + QStringLiteral("/Night.plotka")));
+}
+
+TEST_F(ImportCommand, TellsWhatIsLost)
+{
+    const CommandRun run = import(cut(cutOf("Night", lossyFields)));
+    EXPECT_EQ(run.exitCode, 0);
+    EXPECT_TRUE(run.errors.contains("plotka: loss: ")) << run.errors.toStdString();
+}
+
+TEST_F(ImportCommand, WritesNothingUnderStrictWhenSomethingIsLost)
+{
+    const QString report = path(QStringLiteral("report.json"));
+    const CommandRun run =
+        import(cut(cutOf("Night", lossyFields)), {QStringLiteral("--strict"), QStringLiteral("--report"), report});
+    EXPECT_EQ(run.exitCode, 4);
+    EXPECT_EQ(run.output.toStdString(), "");
+    EXPECT_TRUE(run.errors.contains("plotka: loss: ")) << run.errors.toStdString();
+    expectNothingWritten();
+    EXPECT_FALSE(QFileInfo::exists(report));
+    EXPECT_EQ(import(cut(cutOf("Night")), {QStringLiteral("--strict")}).exitCode, 0);
+}
+
+TEST_F(ImportCommand, ReportsAllNotesAsJson)
+{
+    const QString report = path(QStringLiteral("report.json"));
+    const QString input = cut(cutOf("Night", lossyFields + R"("enabled": false, )"));
+    EXPECT_EQ(import(input, {QStringLiteral("--report"), report}).exitCode, 0);
+    CommandRun file;
+    file.output = contentOf(report);
+    const QJsonObject json = file.json();
+    EXPECT_EQ(json[QLatin1String("schema")].toInt(), 1);
+    EXPECT_EQ(json[QLatin1String("input")].toString(), input);
+    EXPECT_EQ(json[QLatin1String("project")].toString(), path(QStringLiteral("out/Night.plotka")));
+    QStringList notes;
+    const QJsonArray all = json[QLatin1String("notes")].toArray();
+    for (const QJsonValue &note : all) {
+        EXPECT_EQ(note.toObject().keys(),
+            (QStringList{QStringLiteral("code"), QStringLiteral("item"), QStringLiteral("message"),
+                QStringLiteral("severity")}));
+        notes += note[QLatin1String("severity")].toString() + u' ' + note[QLatin1String("code")].toString();
+    }
+    notes.sort();
+    EXPECT_EQ(notes, (QStringList{QStringLiteral("info disabled"), QStringLiteral("loss effects")}));
+}
+
+TEST_F(ImportCommand, MarksAShotThatIsOff)
+{
+    ASSERT_EQ(import(cut(cutOf("Night", R"("enabled": false, )"))).exitCode, 0);
+    const QJsonObject timeline = runPlotka({QStringLiteral("timeline"), output(), QStringLiteral("--json")}).json();
+    EXPECT_FALSE(timeline[QLatin1String("items")][0][QLatin1String("enabled")].toBool(true));
+    EXPECT_TRUE(runPlotka({QStringLiteral("timeline"), output()}).output.contains("shot, off"));
+}
+
+TEST_F(ImportCommand, NamesTheProjectSoThatItIsAFileName)
+{
+    EXPECT_EQ(import(cut(cutOf("a/b %1 夜"))).exitCode, 0);
+    EXPECT_EQ(written(), QStringList{QStringLiteral("a-b %1 夜.plotka")});
+    EXPECT_EQ(import(cut(cutOf("")), {QStringLiteral("--force")}).exitCode, 0);
+    EXPECT_TRUE(written().contains(QStringLiteral("cut.plotka")));
+}
