@@ -1,4 +1,7 @@
-#include "interchange/otio/OtioImport.h"
+#include "interchange/otio/OtioProjectImport.h"
+#include "project/PKC_PlotkaProject.h"
+#include "project/PKC_SessionContext.h"
+#include "scene/session/SC_Project.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -56,6 +59,29 @@ void checkTracks(const std::vector<OtioTrackPlan> &tracks)
     }
 }
 
+// The project is what the plan says; the timeline refuses nothing.
+void checkProject(const QByteArray &bytes, const OtioReading &reading)
+{
+    static PKC_SessionContext *const session = PKC_SessionContext::createSessionContext(nullptr, nullptr);
+    const OtioProjectImport made = OtioImport::importInto(*session, bytes, QStringLiteral("/nowhere"));
+    require(made.hasError() == reading.hasError() && (made.project != nullptr) != made.hasError());
+    for (const ImportNote &note : made.notes)
+        require(note.code != QLatin1String("refused"));
+    if (!made.project)
+        return;
+    const OtioPlan &plan = reading.plan;
+    session->createPlotkaProject(made.project);
+    const PKC_PlotkaProject &project = *session->plotkaProject();
+    require(project.shotCount() == plan.shots.size() && project.transCount() == plan.transitions.size());
+    require(project.getNumOfFrames() == (plan.shots.empty() ? 0 : plan.shots.back().lastFrame));
+    Plotka::Shot_t shot = project.first(Plotka::Shot_t());
+    for (const OtioShotPlan &planned : plan.shots) {
+        require(shot.firstFrame() == planned.firstFrame && shot.lastFrame() == planned.lastFrame);
+        shot = project.next(shot);
+    }
+    session->releaseProject();
+}
+
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
@@ -66,5 +92,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     checkTransitions(reading.plan);
     checkTracks(reading.plan.videoTracks);
     checkTracks(reading.plan.soundTracks);
+    checkProject(bytes, reading);
     return 0;
 }
