@@ -92,16 +92,18 @@ void TimelineQuestions::askWalks()
     for (auto at = asked().beginPanel(); at != asked().endPanel() && place <= panels.size(); ++at, ++place)
         same((*at).id().value(), place < panels.size() ? m_oracle.idOf(panels[place]) : 0,
             [&] { return "panel " + std::to_string(place) + " of the walk"; });
-    same(place, panels.size(), [] { return "length of the walk over panels"; });
+    same(static_cast<long long>(place), static_cast<long long>(panels.size()),
+        [] { return "length of the walk over panels"; });
 
     const std::vector<TimelineOracle::Trans> transitions = m_oracle.transitions();
     place = 0;
     for (auto at = asked().beginTrans(); at != asked().endTrans() && place < transitions.size(); ++at, ++place)
         same((*at).id().value(), m_oracle.idOf(transitions[place]), [] { return "walk over transitions"; });
-    same(place, transitions.size(), [] { return "length of the walk over transitions"; });
+    same(static_cast<long long>(place), static_cast<long long>(transitions.size()),
+        [] { return "length of the walk over transitions"; });
     for (auto at = asked().rbeginTrans(); at != asked().rendTrans() && place > 0; ++at, --place)
         same((*at).id().value(), m_oracle.idOf(transitions[place - 1]), [] { return "walk back over transitions"; });
-    same(place, 0, [] { return "rest of the walk back over transitions"; });
+    same(static_cast<long long>(place), 0, [] { return "rest of the walk back over transitions"; });
 }
 
 template <typename Known>

@@ -86,8 +86,14 @@ std::string walksOf(const PKC_PlotkaProject &project)
     for (Shot_t shot = project.first(Shot_t()); shot.isValid(); shot = project.next(shot))
         text << ' ' << shot.id().value();
     text << " panels";
-    for (Panel_t panel = project.first(Panel_t()); panel.isValid(); panel = project.next(panel))
+    unsigned int steps = 0; // answers that are out of date can lead round in circles
+    for (Panel_t panel = project.first(Panel_t()); panel.isValid(); panel = project.next(panel)) {
         text << ' ' << panel.id().value();
+        if (++steps > project.panelCount()) {
+            text << " ...";
+            break;
+        }
+    }
     text << " transitions";
     for (Trans_t trans = project.first(Trans_t()); trans.isValid(); trans = project.next(trans))
         text << ' ' << trans.id().value();

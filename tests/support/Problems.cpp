@@ -91,10 +91,16 @@ private:
     void inspectPanels()
     {
         unsigned int place = 0;
-        for (Panel_t panel = m_project.first(Panel_t()); panel.isValid(); panel = m_project.next(panel), ++place)
+        const unsigned int count = m_project.panelCount();
+        for (Panel_t panel = m_project.first(Panel_t()); panel.isValid(); panel = m_project.next(panel), ++place) {
+            if (place == count) { // answers that are out of date can lead round in circles
+                m_problems << "walks on after " << count << " panels\n";
+                return;
+            }
             inspectPanel(panel, place);
-        if (m_project.panelCount() != place)
-            m_problems << "counts " << m_project.panelCount() << " panels, walked " << place << '\n';
+        }
+        if (count != place)
+            m_problems << "counts " << count << " panels, walked " << place << '\n';
     }
 
     void inspectPanel(const Panel_t &panel, unsigned int place)
