@@ -80,7 +80,7 @@ public:
 
     /// @name Edits
     /// Each keeps the blocks sorted and free of overlap, or answers false and has changed nothing. A sequence
-    /// stands in one block of one timed value, a scene in one block of the project. What is refused
+    /// stands in one block of one timed value, a scene in one block of the project, under its own object id. What is refused
     /// always: a block that begins at frame 0, has no frame or ends after maxFrame.
     /// @{
     /// Places @p seq, which may be null and is no transition, over free frames. Takes @p seq over when it

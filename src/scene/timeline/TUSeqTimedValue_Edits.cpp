@@ -3,6 +3,7 @@
 #include "scene/changes/TUSceneChangeManager.h"
 #include "scene/session/SC_ProjectCommon.h"
 #include "scene/session/SC_SceneCommon.h"
+#include "scene/session/TUScene.h"
 #include "scene/timeline/AT_TimeWarpSeq.h"
 #include "scene/timeline/AT_TransitionSeq.h"
 
@@ -34,6 +35,17 @@ bool isPlaced(const SC_ProjectCommon *project, const TUSeq *seq)
 {
     const TUSeq *scene = seq->sceneSeq();
     return project->isPlaced(seq->objectId()) || (scene && project->isPlaced(scene->id));
+}
+
+/// False for a sequence that places one scene under the object id of another, and for a transition without an id:
+/// whoever looks an object up by its id would find the wrong one.
+bool identifiesItsObject(const SC_ProjectCommon *project, const TUSeq *seq)
+{
+    if (AT_TransitionSeq::isTransition(seq))
+        return !seq->objectId().isNull();
+    const TUSeq *placed = seq->sceneSeq();
+    const TUScene *scene = placed ? dynamic_cast<TUScene *>(project->sceneManager()->find(placed->id)) : nullptr;
+    return !scene || scene->objectId() == seq->objectId();
 }
 
 /// Gives a block its new frames; a time warp of slope 1 stays one.
@@ -165,7 +177,9 @@ bool TUSeqTimedValue::isFree(unsigned int fromFrame, unsigned int frameCount) co
 
 bool TUSeqTimedValue::canHold(const TUSeq *seq) const
 {
-    return !seq || (projectCommon() && !seq->m_timedValue && !isPlaced(projectCommon(), seq));
+    return !seq
+        || (projectCommon() && !seq->m_timedValue && !isPlaced(projectCommon(), seq)
+            && identifiesItsObject(projectCommon(), seq));
 }
 
 bool TUSeqTimedValue::isBesideTransition(std::size_t index) const

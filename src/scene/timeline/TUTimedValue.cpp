@@ -44,7 +44,8 @@ void TUTimedValue::setName(const QString &name)
 bool TUTimedValue::linkNode(MO_Node *node)
 {
     MO_ElementModule *const element = dynamic_cast<MO_ElementModule *>(node);
-    if (!element || element->sceneCommon() != m_sceneCommon || element->drawingAttr()->linkedTimedValue() == this)
+    const SC_SceneCommon *scene = element ? element->sceneCommon() : nullptr;
+    if (!scene || scene->projectCommon() != projectCommon() || element->drawingAttr()->linkedTimedValue() == this)
         return false;
     if (TUTimedValue *previous = element->drawingAttr()->linkedTimedValue())
         previous->unlinkNode(element);

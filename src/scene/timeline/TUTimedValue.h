@@ -38,7 +38,7 @@ public:
     /// @name Edits
     /// @{
     void setName(const QString &name);
-    /// Makes this timed value drive @p node, an element of the same scene, in both directions; an element is driven
+    /// Makes this timed value drive @p node, an element of the same project, in both directions; an element is driven
     /// by one timed value at a time. False for null, for what is no such element, and for a link that stands.
     bool linkNode(MO_Node *node);
     /// False when @p node is not linked to this timed value.

@@ -95,6 +95,17 @@ TEST_F(SeqTimedValueEdits, PlacesASceneInOneBlockOfTheProject)
     delete sameObject;
 }
 
+TEST_F(SeqTimedValueEdits, PlacesASceneUnderItsOwnObjectIdOnly)
+{
+    const TUScene *scene = project.addScene();
+    const TUScene *other = project.addScene();
+    news.told();
+    AT_SceneSeq *const mixedUp = new AT_SceneSeq(other->objectId(), scene->sceneId());
+    expectRefused([&] { return timeline->insertBlock(1, 10, mixedUp); });
+    delete mixedUp;
+    EXPECT_TRUE(timeline->insertBlock(1, 10, new AT_SceneSeq(scene->objectId(), scene->sceneId())));
+}
+
 TEST_F(SeqTimedValueEdits, TakesASequenceOnceOnly)
 {
     AT_TimeWarpSeq *const shot = addShot(1, 5);

@@ -83,10 +83,18 @@ TEST_F(TimedValue, TakesAnElementOverFromTheOneBefore)
     EXPECT_EQ(element->drawingAttr()->linkedTimedValue(), timeline);
 }
 
-TEST_F(TimedValue, LinksNothingButElementsOfItsScene)
+TEST_F(TimedValue, LinksAnElementOfAnotherSceneOfItsProject)
 {
+    const auto element = makeElement(QStringLiteral("E"), project.addScene());
+    EXPECT_TRUE(timeline->linkNode(element.get()));
+    EXPECT_EQ(timeline->linkedNodes(0), element.get());
+}
+
+TEST_F(TimedValue, LinksNothingButElementsOfItsProject)
+{
+    SC_Project elsewhere(QStringLiteral("/elsewhere"), QStringLiteral("other"));
     const UT_SharedPtr<MO_Node> group(new TUGroup(session.top().sceneCommon(), QStringLiteral("G")));
-    const auto stranger = makeElement(QStringLiteral("S"), project.addScene());
+    const auto stranger = makeElement(QStringLiteral("S"), elsewhere.addScene());
     session.changeManager()->clear();
     EXPECT_FALSE(timeline->linkNode(nullptr));
     EXPECT_FALSE(timeline->linkNode(group.get()));
