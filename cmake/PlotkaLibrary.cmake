@@ -33,6 +33,9 @@ function(plotka_add_library target exportName macroPrefix)
     target_compile_features(${target} INTERFACE cxx_std_17)
     set(exportHeader ${PROJECT_BINARY_DIR}/generated/${lower}_export.h)
     generate_export_header(${target} BASE_NAME ${macroPrefix} EXPORT_FILE_NAME ${exportHeader})
+    # Calls within a library stay within it and need no detour. Classes and constants are still shared.
+    target_compile_options(${target} PRIVATE -fno-semantic-interposition)
+    target_link_options(${target} PRIVATE LINKER:-Bsymbolic-functions)
     target_sources(${target} PUBLIC FILE_SET HEADERS
         BASE_DIRS ${PROJECT_SOURCE_DIR}/src ${PROJECT_BINARY_DIR}/generated
         FILES ${exportHeader})

@@ -1,6 +1,7 @@
 #include "project/BlockMapping_p.h"
 
 #include "scene/base/SC_Id.h"
+#include "scene/base/UT_Numbers.h"
 #include "scene/timeline/AT_FrameBlock.h"
 #include "scene/timeline/AT_TimeWarpSeq.h"
 
@@ -30,6 +31,12 @@ double Plotka::towardInner(const AT_FrameBlock &block, double frame)
     if (frame > block.toFrame())
         return warp->end;
     return warp->toLocalFrame(frame, block.fromFrame(), block.toFrame());
+}
+
+unsigned int Plotka::toTimedValueFrame(const AT_FrameBlock &shotBlock, unsigned int shotFrame)
+{
+    const AT_TimeWarpSeq *warp = AT_TimeWarpSeq::toTimeWarp(shotBlock.seq());
+    return warp ? UT_Numbers::toFrame(shotFrame + warp->start - 1.0) : shotFrame;
 }
 
 const SC_Id &Plotka::sceneIdOf(const AT_FrameBlock &block)

@@ -14,6 +14,10 @@ double towardParent(const AT_FrameBlock &block, double position);
 double towardInner(const AT_FrameBlock &block, double frame);
 /// @}
 
+/// A shot frame in frames of the timed value that holds the shot's panels, which the time warp of the shot's
+/// block offsets. Unchanged without a time warp.
+unsigned int toTimedValueFrame(const AT_FrameBlock &shotBlock, unsigned int shotFrame);
+
 /// The id of the scene that a block places, the key for SC_SceneManager::find. A block with a sequence that
 /// places none is reported on standard output; it and any other block without a scene give the null id.
 const SC_Id &sceneIdOf(const AT_FrameBlock &block);

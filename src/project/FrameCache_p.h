@@ -1,7 +1,11 @@
 #pragma once
 
+#include "scene/base/UT_SharedPtr.h"
+
 #include <algorithm>
 #include <cstddef>
+#include <iterator>
+#include <memory>
 #include <utility>
 #include <vector>
 
@@ -12,81 +16,88 @@ namespace Plotka
 /// the owner's business, who drops it whole.
 ///
 /// The entries lie in short sorted runs: an insertion anywhere moves a bounded number of them, and a look-up is two
-/// binary searches over flat memory.
-template <typename T>
+/// binary searches over flat memory. The few objects of most caches fit the first run, which needs no more than itself.
+template <typename Object>
 class FrameCache
 {
 public:
-    void insert(unsigned int firstFrame, unsigned int frameCount, const T &object)
+    void insert(unsigned int firstFrame, unsigned int frameCount, UT_SharedPtr<Object> object)
     {
-        if (m_runs.empty()) {
-            m_heads.push_back(firstFrame);
-            m_runs.emplace_back();
-        }
         const std::size_t at = runOf(firstFrame);
-        Run &run = m_runs[at];
-        const auto place = std::upper_bound(run.begin(), run.end(), firstFrame, isBefore);
-        run.insert(place, Entry{firstFrame, frameCount, object});
-        m_heads[at] = run.front().firstFrame;
-        if (run.size() > maxRun)
+        Run &into = run(at);
+        if (into.empty())
+            into.reserve(usualRun);
+        const auto place = std::upper_bound(into.begin(), into.end(), firstFrame, isBefore);
+        into.insert(place, Entry{firstFrame, frameCount, std::move(object)});
+        if (into.size() > maxRun)
             split(at);
     }
 
-    /// Of the inserted objects that cover @p frame the one that begins first, or the one that begins last;
-    /// T::invalid without any.
-    const T &findAt(unsigned int frame, bool earliest) const
+    /// Of the inserted objects that cover @p frame the one that begins first, or the one that begins last; null
+    /// without any.
+    Object *findAt(unsigned int frame, bool earliest) const
     {
-        const T *found = &T::invalid;
-        if (m_runs.empty())
-            return *found;
+        Object *found = nullptr;
         for (std::size_t at = runOf(frame) + 1; at-- > 0;) {
-            const Run &run = m_runs[at];
-            for (auto entry = std::upper_bound(run.begin(), run.end(), frame, isBefore); entry != run.begin();) {
+            const Run &in = run(at);
+            for (auto entry = std::upper_bound(in.begin(), in.end(), frame, isBefore); entry != in.begin();) {
                 --entry;
                 if (!entry->covers(frame))
-                    return *found;
-                found = &entry->object;
+                    return found;
+                found = entry->object.get();
                 if (!earliest)
-                    return *found;
+                    return found;
             }
         }
-        return *found;
+        return found;
     }
 
 private:
     struct Entry {
         unsigned int firstFrame;
         unsigned int frameCount;
-        T object;
+        UT_SharedPtr<Object> object;
 
-        bool covers(unsigned int frame) const { return object.isValid() && firstFrame - 1 + frameCount >= frame; }
+        bool covers(unsigned int frame) const { return object && firstFrame - 1 + frameCount >= frame; }
     };
     using Run = std::vector<Entry>;
+    struct FurtherRuns {
+        std::vector<unsigned int> heads; // the frame that each run begins with, ascending
+        std::vector<Run> runs;
+    };
 
+    static constexpr std::size_t usualRun = 8; // as many panels as many shots have
     static constexpr std::size_t maxRun = 256;
 
     static bool isBefore(unsigned int frame, const Entry &entry) { return frame < entry.firstFrame; }
 
+    const Run &run(std::size_t at) const { return at == 0 ? m_firstRun : m_further->runs[at - 1]; }
+    Run &run(std::size_t at) { return at == 0 ? m_firstRun : m_further->runs[at - 1]; }
+
     /// The last run that begins at or before the frame, else the first.
     std::size_t runOf(unsigned int frame) const
     {
-        const auto after = std::upper_bound(m_heads.begin(), m_heads.end(), frame);
-        return after == m_heads.begin() ? 0 : std::size_t(after - m_heads.begin()) - 1;
+        if (!m_further)
+            return 0;
+        const std::vector<unsigned int> &heads = m_further->heads;
+        return std::size_t(std::upper_bound(heads.begin(), heads.end(), frame) - heads.begin());
     }
 
     void split(std::size_t at)
     {
-        Run &full = m_runs[at];
+        if (!m_further)
+            m_further = std::make_unique<FurtherRuns>();
+        Run &full = run(at);
         const auto middle = full.begin() + std::ptrdiff_t(full.size() / 2);
         Run upper(std::make_move_iterator(middle), std::make_move_iterator(full.end()));
         full.erase(middle, full.end());
-        const auto next = std::ptrdiff_t(at) + 1;
-        m_heads.insert(m_heads.begin() + next, upper.front().firstFrame);
-        m_runs.insert(m_runs.begin() + next, std::move(upper));
+        const auto place = std::ptrdiff_t(at);
+        m_further->heads.insert(m_further->heads.begin() + place, upper.front().firstFrame);
+        m_further->runs.insert(m_further->runs.begin() + place, std::move(upper));
     }
 
-    std::vector<unsigned int> m_heads; ///< first frame of each run
-    std::vector<Run> m_runs;
+    Run m_firstRun;
+    std::unique_ptr<FurtherRuns> m_further; // null while everything fits the first run
 };
 
 } // namespace Plotka

@@ -1,3 +1,21 @@
 #include "project/ObjectPrivate_p.h"
 
-Plotka::ObjectPrivate::~ObjectPrivate() = default;
+namespace Plotka
+{
+
+ObjectPrivate::~ObjectPrivate() = default;
+
+const AT_FrameBlock &ObjectPrivate::findBlock() const
+{
+    const TUSeqTimedValue *timeline = timedValue.get();
+    return timeline ? timeline->blockOf(id) : AT_FrameBlock::none();
+}
+
+const AT_FrameBlock &ObjectPrivate::remember(const AT_FrameBlock &block) const
+{
+    m_block = &block;
+    m_foundAt = UT_Edition::current();
+    return block;
+}
+
+} // namespace Plotka

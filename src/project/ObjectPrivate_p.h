@@ -2,11 +2,10 @@
 
 #include "project/ObjectNameHelper.h"
 #include "scene/base/SC_Id.h"
+#include "scene/base/UT_Edition.h"
 #include "scene/base/UT_ShareBase.h"
 #include "scene/base/UT_SharedWeakPtr.h"
 #include "scene/timeline/TUSeqTimedValue.h"
-
-#include <limits>
 
 class TUScene;
 
@@ -24,27 +23,19 @@ public:
     }
     ~ObjectPrivate() override;
 
-    /// The first block of the timed value that places the object; the invalid block without one.
-    const AT_FrameBlock &findBlock() const
-    {
-        const TUSeqTimedValue *timeline = timedValue.get();
-        if (!timeline)
-            return AT_FrameBlock::none();
-        if (timeline->revision() != m_foundAtRevision) {
-            m_foundIndex = timeline->blockIteratorOf(id) - timeline->beginBlock();
-            m_foundAtRevision = timeline->revision();
-        }
-        return m_foundIndex < timeline->endBlock() - timeline->beginBlock() ? timeline->beginBlock()[m_foundIndex]
-                                                                            : AT_FrameBlock::none();
-    }
-
     const UT_SharedWeakPtr<TUSeqTimedValue> timedValue{};
     const SC_Id id{};
 
+protected:
+    /// Where the object was last found, or null when something has changed since.
+    const AT_FrameBlock *knownBlock() const { return m_foundAt == UT_Edition::current() ? m_block : nullptr; }
+    /// Looks for the first block of the timed value that places the object; the invalid block without one.
+    const AT_FrameBlock &findBlock() const;
+    const AT_FrameBlock &remember(const AT_FrameBlock &block) const;
+
 private:
-    // Where the block stood when last looked for; good until the timed value is edited.
-    mutable std::ptrdiff_t m_foundIndex = 0;
-    mutable quint64 m_foundAtRevision = std::numeric_limits<quint64>::max();
+    mutable const AT_FrameBlock *m_block = nullptr; // not owned, good until the edition advances
+    mutable quint64 m_foundAt = 0;
 };
 
 } // namespace Plotka

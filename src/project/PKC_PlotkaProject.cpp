@@ -43,28 +43,28 @@ TUScene *PKC_PlotkaProject::Private::sceneOf(const AT_FrameBlock &block) const
 
 Shot_t PKC_PlotkaProject::Private::shotOf(const AT_FrameBlock &block, const TUSeqTimedValue *timeline)
 {
-    const auto known = caches.shots.byId.constFind(objectId(block));
-    return known != caches.shots.byId.cend() ? *known : makeShot(block, timeline, sceneOf(block));
+    ShotPrivate *const known = caches.shots.find(objectId(block));
+    return known ? Shot_t(known) : makeShot(block, timeline, sceneOf(block));
 }
 
 Shot_t PKC_PlotkaProject::Private::makeShot(
     const AT_FrameBlock &block, const TUSeqTimedValue *timeline, const TUScene *scene)
 {
-    const Shot_t shot(timeline, scene, nullptr);
+    const UT_SharedPtr<ShotPrivate> shot(new ShotPrivate(timeline, scene, nullptr));
     if (cacheOn && scene)
         caches.shots.insert(block, shot);
-    return shot;
+    return Shot_t(shot.get());
 }
 
 Trans_t PKC_PlotkaProject::Private::transitionOf(const AT_FrameBlock &block, const TUSeqTimedValue *timeline)
 {
-    const auto known = caches.transitions.byId.constFind(objectId(block));
-    if (known != caches.transitions.byId.cend())
-        return *known;
-    const Trans_t transition(timeline, AT_TransitionSeq::toTransition(block.seq()));
+    if (TransPrivate *const known = caches.transitions.find(objectId(block)))
+        return Trans_t(known);
+    const UT_SharedPtr<TransPrivate> transition(
+        new TransPrivate(timeline, AT_TransitionSeq::toTransition(block.seq())));
     if (cacheOn)
         caches.transitions.insert(block, transition);
-    return transition;
+    return Trans_t(transition.get());
 }
 
 SC_Project *PKC_PlotkaProject::project() const

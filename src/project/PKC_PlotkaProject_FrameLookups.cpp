@@ -2,6 +2,7 @@
 
 #include "metadata/PKC_ClipInfo.h"
 #include "metadata/PKC_SceneInfo.h"
+#include "project/BlockMapping_p.h"
 #include "project/ObjectIds.h"
 #include "project/PKC_PlotkaProject_p.h"
 #include "project/TimelineWalk_p.h"
@@ -74,13 +75,17 @@ std::pair<unsigned int, unsigned int> gapAround(const TUSeqTimedValue *timeline,
 
 Shot_t PKC_PlotkaProject::getShotAt(unsigned int frame, ResolutionPriority priority, bool nearest, bool forward) const
 {
-    const Shot_t known = d->caches.shots.byFrame.findAt(frame, /*earliest*/ priority == ResolveBackward);
-    const TUSeqTimedValue *timeline = topMainTv();
+    const TUSeqTimedValue *timeline = topMainTv(); // first: a timeline chosen anew drops what is remembered
     if (!timeline || timeline->blockCount() == 0)
         return Shot_t();
+    ShotPrivate *const known = d->caches.shots.byFrame.findAt(frame, /*earliest*/ priority == ResolveBackward);
 
-    const unsigned int covering = timeline->blockCountAt(frame);
-    if (covering == 0) {
+    // What is remembered is trusted on a plain frame only: on a transition the blocks decide.
+    if (known && timeline->isAloneAt(frame, known->block()))
+        return Shot_t(known);
+    const auto covering = timeline->blocksAt(frame);
+    const bool isPlain = covering.second - covering.first == 1;
+    if (covering.first == covering.second) {
         if (!nearest)
             return Shot_t();
         const AT_FrameBlock &neighbour = forward ? timeline->nextBlockAfter(frame) : timeline->prevBlockBefore(frame);
@@ -88,18 +93,16 @@ Shot_t PKC_PlotkaProject::getShotAt(unsigned int frame, ResolutionPriority prior
             return Shot_t();
         frame = forward ? neighbour.fromFrame() : neighbour.toFrame();
     }
-    // What is remembered is trusted on a plain frame only: on a transition the blocks decide.
-    if (covering == 1 && known.isValid())
-        return known;
+    if (isPlain && known)
+        return Shot_t(known);
 
-    const BlockIterator block =
-        besideTransition(timeline, timeline->blockIteratorAt(frame), frame, priority == ResolveForward);
+    const BlockIterator block = besideTransition(
+        timeline, isPlain ? covering.first : timeline->blockIteratorAt(frame), frame, priority == ResolveForward);
     TUScene *const scene = block == timeline->endBlock() ? nullptr : d->sceneOf(*block);
     if (!scene)
         return Shot_t();
-    const auto sameShot = d->caches.shots.byId.constFind(objectId(*block));
-    if (sameShot != d->caches.shots.byId.cend())
-        return *sameShot;
+    if (ShotPrivate *const sameShot = d->caches.shots.find(objectId(*block)))
+        return Shot_t(sameShot);
     nameNameless(scene);
     return d->makeShot(*block, timeline, scene);
 }
@@ -109,8 +112,9 @@ Panel_t PKC_PlotkaProject::getPanelAt(unsigned int frame, ResolutionPriority pri
     const Shot_t shot = getShotAt(frame, priority, nearest, forward);
     if (shot.isInvalid())
         return Panel_t();
-    const unsigned int firstFrame = shot.firstFrame();
-    const unsigned int inShot = std::min(std::max(frame, firstFrame), std::max(shot.lastFrame(), firstFrame));
+    const AT_FrameBlock &block = shot.frameBlock();
+    const unsigned int firstFrame = block.fromFrame();
+    const unsigned int inShot = std::min(std::max(frame, firstFrame), std::max(block.toFrame(), firstFrame));
     return getPanelIn(shot, inShot - firstFrame + 1, nearest, forward);
 }
 
@@ -119,11 +123,10 @@ Panel_t PKC_PlotkaProject::getPanelIn(const Shot_t &shot, unsigned int shotFrame
     const AT_FrameBlock &shotBlock = shot.frameBlock();
     if (shot.isInvalid() || shotFrame > shotBlock.key.frameCount)
         return Panel_t();
-    const unsigned int tvFrame = shot.prjFrameToTvFrame(shotFrame);
-    if (const auto known = d->caches.panelsOfShot.constFind(shot.id()); known != d->caches.panelsOfShot.cend()) {
-        const Panel_t &panel = known->findAt(tvFrame, /*earliest*/ true);
-        if (panel.isValid())
-            return panel;
+    const unsigned int tvFrame = toTimedValueFrame(shotBlock, shotFrame);
+    if (const FrameCache<PanelPrivate> *known = d->caches.panelsOfShot.find(shot.id())) {
+        if (PanelPrivate *const panel = known->findAt(tvFrame, /*earliest*/ true))
+            return Panel_t(panel);
     }
 
     const TUSeqTimedValue *panels = sceneMainTv(d->sceneOf(shotBlock));
@@ -140,12 +143,12 @@ Panel_t PKC_PlotkaProject::getPanelIn(const Shot_t &shot, unsigned int shotFrame
     if (!scene)
         return Panel_t();
 
-    const Panel_t panel(panels, scene, shot, nullptr);
+    const UT_SharedPtr<PanelPrivate> panel(new PanelPrivate(panels, scene, shot, nullptr));
     if (d->cacheOn && !foundByNearest) {
-        d->caches.panels.insert(panel.id(), panel);
+        d->caches.panels[panel->id] = panel.get();
         d->caches.panelsOfShot[shot.id()].insert(block.fromFrame(), block.key.frameCount, panel);
     }
-    return panel;
+    return Panel_t(panel.get());
 }
 
 Panel_t PKC_PlotkaProject::getPanelIn(const Shot_t &shot, const Panel_t &panel, bool lockedOnly) const
@@ -170,9 +173,8 @@ Panel_t PKC_PlotkaProject::getPanelIn(const Shot_t &shot, const Panel_t &panel, 
 
 Trans_t PKC_PlotkaProject::getTransAt(unsigned int frame) const
 {
-    const Trans_t known = d->caches.transitions.byFrame.findAt(frame, /*earliest*/ true);
-    if (known.isValid())
-        return known;
+    if (TransPrivate *const known = d->caches.transitions.byFrame.findAt(frame, /*earliest*/ true))
+        return Trans_t(known);
     const TUSeqTimedValue *timeline = topMainTv();
     if (!timeline || timeline->blockCountAt(frame) <= 1)
         return Trans_t();

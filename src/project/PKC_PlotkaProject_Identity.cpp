@@ -24,8 +24,8 @@ T objectAfter(TimelineWalk<T> walk, unsigned int steps)
 
 Shot_t PKC_PlotkaProject::getShotByID(const SC_Id &id) const
 {
-    if (const auto known = d->caches.shots.byId.constFind(id); known != d->caches.shots.byId.cend())
-        return *known;
+    if (ShotPrivate *const known = d->caches.shots.find(id))
+        return Shot_t(known);
     for (ShotWalk walk(this); !walk.isAtEnd(); walk.step()) {
         if (walk.current().id() == id)
             return walk.current();
@@ -35,8 +35,8 @@ Shot_t PKC_PlotkaProject::getShotByID(const SC_Id &id) const
 
 Panel_t PKC_PlotkaProject::getPanelByID(const SC_Id &id) const
 {
-    if (const auto known = d->caches.panels.constFind(id); known != d->caches.panels.cend())
-        return *known;
+    if (PanelPrivate *const *known = d->caches.panels.find(id))
+        return Panel_t(*known);
     for (PanelWalk walk(this); !walk.isAtEnd(); walk.step()) {
         if (walk.current().id() == id)
             return walk.current();
@@ -46,8 +46,8 @@ Panel_t PKC_PlotkaProject::getPanelByID(const SC_Id &id) const
 
 Trans_t PKC_PlotkaProject::getTransByID(const SC_Id &id) const
 {
-    if (const auto known = d->caches.transitions.byId.constFind(id); known != d->caches.transitions.byId.cend())
-        return *known;
+    if (TransPrivate *const known = d->caches.transitions.find(id))
+        return Trans_t(known);
     for (auto transition = beginTrans(); transition != endTrans(); ++transition) {
         if (transition->id() == id)
             return *transition;

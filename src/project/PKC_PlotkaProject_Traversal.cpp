@@ -1,7 +1,6 @@
 #include "project/PKC_PlotkaProject.h"
 
 #include "project/PKC_PlotkaProject_p.h"
-#include "project/PanelCacheScope.h"
 #include "scene/timeline/AT_TransitionSeq.h"
 
 using namespace Plotka;
@@ -66,29 +65,29 @@ Panel_t PKC_PlotkaProject::last(const Panel_t &) const
 
 Panel_t PKC_PlotkaProject::next(const Panel_t &panel) const
 {
-    const PanelCacheScope once(panel);
     if (panel.isInvalid())
         return panel;
+    const Shot_t &shot = panel.shot();
     const unsigned int lastFrame = panel.lastFrame();
-    if (lastFrame < panel.shot().lastFrame()) {
-        const unsigned int frameAfter = lastFrame - panel.shot().firstFrame() + 2;
-        return getPanelIn(panel.shot(), frameAfter, /*nearest*/ true, /*forward*/ true);
+    if (lastFrame < shot.lastFrame()) {
+        const unsigned int frameAfter = lastFrame - shot.firstFrame() + 2;
+        return getPanelIn(shot, frameAfter, /*nearest*/ true, /*forward*/ true);
     }
-    const Shot_t shotAfter = next(panel.shot());
+    const Shot_t shotAfter = next(shot);
     return shotAfter.isInvalid() ? Panel_t() : getPanelIn(shotAfter, 1, /*nearest*/ true, /*forward*/ true);
 }
 
 Panel_t PKC_PlotkaProject::prev(const Panel_t &panel) const
 {
-    const PanelCacheScope once(panel);
     if (panel.isInvalid())
         return panel;
+    const Shot_t &shot = panel.shot();
     const unsigned int firstFrame = panel.firstFrame();
-    if (firstFrame > panel.shot().firstFrame()) {
-        const unsigned int frameBefore = firstFrame - panel.shot().firstFrame();
-        return getPanelIn(panel.shot(), frameBefore, /*nearest*/ true, /*forward*/ false);
+    if (firstFrame > shot.firstFrame()) {
+        const unsigned int frameBefore = firstFrame - shot.firstFrame();
+        return getPanelIn(shot, frameBefore, /*nearest*/ true, /*forward*/ false);
     }
-    const Shot_t shotBefore = prev(panel.shot());
+    const Shot_t shotBefore = prev(shot);
     // Looks forward from the last frame, where lastInShot looks backward: a gap at the end of a shot ends the walk.
     return shotBefore.isInvalid()
         ? Panel_t()

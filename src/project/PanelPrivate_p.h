@@ -2,8 +2,9 @@
 
 #include "metadata/PKC_ClipInfo.h"
 #include "project/ObjectPrivate_p.h"
-#include "project/Shot_t.h"
+#include "project/ShotPrivate_p.h"
 #include "scene/metadata/PIO_MetadataAccess.h"
+#include "scene/session/TUScene.h"
 
 namespace Plotka
 {
@@ -16,11 +17,16 @@ public:
     PanelPrivate(const TUSeqTimedValue *owningTimedValue, const TUScene *panelScene, const Shot_t &owningShot,
         const ObjectNameHelper *helper);
 
-    const AT_FrameBlock &block() const { return scene ? findBlock() : AT_FrameBlock::none(); }
+    const AT_FrameBlock &block() const
+    {
+        if (const AT_FrameBlock *known = knownBlock())
+            return *known;
+        return remember(scene ? findBlock() : AT_FrameBlock::none());
+    }
 
     const UT_SharedWeakPtr<TUScene> scene{};
-    const NameHelperRef nameHelper{};
     const Shot_t shot{};
+    const NameHelperRef nameHelper{};
 
     // In the order in which they are made; the records of captions, tracking, exposure points, layers, sound annotations and PDF options follow.
     PIO_MetadataAccess<PKC_ClipInfo> clipInfo;

@@ -27,7 +27,7 @@ unsigned int blockFrameToProjectFrame(const Shot_t &shot, unsigned int frame)
 PanelPrivate::PanelPrivate(const TUSeqTimedValue *owningTimedValue, const TUScene *panelScene, const Shot_t &owningShot,
     const ObjectNameHelper *helper) :
     ObjectPrivate(owningTimedValue, objectId(panelScene)),
-    scene(panelScene), nameHelper(helper), shot(owningShot),
+    scene(panelScene), shot(owningShot), nameHelper(helper),
     clipInfo(panelScene ? panelScene->metadatas() : nullptr, QString())
 {
     clipInfo.getOrCreate();

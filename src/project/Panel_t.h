@@ -18,6 +18,8 @@ public:
     static const Panel_t invalid;
 
     Panel_t();
+    /// One more handle on the same object; null gives the invalid one.
+    explicit Panel_t(PanelPrivate *object) : SharedPtr(object) {}
     /// Gives the scene the records of a panel that it lacks. Nothing is owned.
     Panel_t(const TUSeqTimedValue *timedValue, const TUScene *scene, const Shot_t &shot,
         const ObjectNameHelper *nameHelper);

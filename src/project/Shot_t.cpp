@@ -6,7 +6,6 @@
 #include "project/ShotPrivate_p.h"
 #include "scene/base/UT_Numbers.h"
 #include "scene/session/TUScene.h"
-#include "scene/timeline/AT_TimeWarpSeq.h"
 
 namespace Plotka
 {
@@ -110,8 +109,7 @@ unsigned int Shot_t::shotFrameToProjectFrame(double shotFrame) const
 
 unsigned int Shot_t::prjFrameToTvFrame(unsigned int shotFrame) const
 {
-    const AT_TimeWarpSeq *warp = isValid() ? AT_TimeWarpSeq::toTimeWarp(frameBlock().seq()) : nullptr;
-    return warp ? UT_Numbers::toFrame(shotFrame + warp->start - 1.0) : shotFrame;
+    return toTimedValueFrame(frameBlock(), shotFrame);
 }
 
 } // namespace Plotka

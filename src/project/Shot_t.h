@@ -29,6 +29,8 @@ public:
     static const Shot_t invalid;
 
     Shot_t();
+    /// One more handle on the same object; null gives the invalid one.
+    explicit Shot_t(ShotPrivate *object) : SharedPtr(object) {}
     /// Nothing is owned. A null scene gives invalidId.
     Shot_t(const TUSeqTimedValue *timedValue, const TUScene *scene, const ObjectNameHelper *nameHelper);
     Shot_t(const Shot_t &);

@@ -1,8 +1,10 @@
 #pragma once
 
 #include "project/FrameCache_p.h"
-#include "project/Panel_t.h"
-#include "project/Trans_t.h"
+#include "project/IdTable_p.h"
+#include "project/PanelPrivate_p.h"
+#include "project/ShotPrivate_p.h"
+#include "project/TransPrivate_p.h"
 
 #include <QHash>
 
@@ -11,26 +13,34 @@ class SC_SceneCommon;
 namespace Plotka
 {
 
-/// Timeline objects of one kind by first frame and by id.
-template <typename T>
+/// Timeline objects of one kind by first frame, which holds them, and by id.
+template <typename Object>
 struct ObjectCache {
-    FrameCache<T> byFrame;
-    QHash<SC_Id, T> byId;
+    FrameCache<Object> byFrame;
+    IdTable<Object *> byId;
 
-    void insert(const AT_FrameBlock &block, const T &object)
+    void insert(const AT_FrameBlock &block, const UT_SharedPtr<Object> &object)
     {
         byFrame.insert(block.fromFrame(), block.key.frameCount, object);
-        byId.insert(object.id(), object);
+        if (!object->id.isNull())
+            byId[object->id] = object.get();
+    }
+
+    Object *find(const SC_Id &id)
+    {
+        Object *const *known = byId.find(id);
+        return known ? *known : nullptr;
     }
 };
 
 /// All that is remembered about one state of the timeline. It is dropped whole: a new state starts from a
 /// fresh TimelineCaches, so no member can be forgotten. With the cache switch off no objects are put in.
 struct TimelineCaches {
-    ObjectCache<Shot_t> shots;        ///< by project frame
-    ObjectCache<Trans_t> transitions; ///< by project frame
-    QHash<SC_Id, Panel_t> panels;
-    QHash<SC_Id, FrameCache<Panel_t>> panelsOfShot; ///< by frame of the shot's timed value
+    ObjectCache<ShotPrivate> shots;        ///< by project frame
+    ObjectCache<TransPrivate> transitions; ///< by project frame
+    /// By id of the shot and then by frame of the shot's timed value; holds the panels.
+    IdTable<FrameCache<PanelPrivate>> panelsOfShot;
+    IdTable<PanelPrivate *> panels;
 
     QHash<const SC_SceneCommon *, SC_Id> panelOfScene;
     QHash<const SC_SceneCommon *, SC_Id> shotOfScene;

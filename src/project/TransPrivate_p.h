@@ -18,6 +18,12 @@ public:
     TransPrivate &operator=(const TransPrivate &) = delete;
     ~TransPrivate() override;
 
+    const AT_FrameBlock &block() const
+    {
+        const AT_FrameBlock *known = knownBlock();
+        return known ? *known : remember(findBlock());
+    }
+
     const AT_TransitionSeq *const transition = nullptr;
     QString name; ///< null until first asked for
 };

@@ -45,7 +45,7 @@ const AT_TransitionSeq *Trans_t::transitionSeq() const
 
 const AT_FrameBlock &Trans_t::frameBlock() const
 {
-    return object()->findBlock();
+    return object()->block();
 }
 
 unsigned int Trans_t::firstFrame() const

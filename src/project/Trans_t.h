@@ -22,6 +22,8 @@ public:
     static const Trans_t invalid;
 
     Trans_t();
+    /// One more handle on the same object; null gives the invalid one.
+    explicit Trans_t(TransPrivate *object) : SharedPtr(object) {}
     /// Shares in the ownership of the transition. A null one gives invalidId.
     Trans_t(const TUSeqTimedValue *timedValue, const AT_TransitionSeq *transition);
     Trans_t(const Trans_t &);

@@ -3,6 +3,7 @@
 #include "metadata/PKC_ClipInfo.h"
 #include "project/ObjectPrivate_p.h"
 #include "scene/metadata/PIO_MetadataAccess.h"
+#include "scene/session/TUScene.h"
 
 namespace Plotka
 {
@@ -14,7 +15,12 @@ public:
     /// Gives the scene the records of a clip that it lacks.
     VideoClipPrivate(const TUSeqTimedValue *owningTimedValue, const TUScene *clipScene);
 
-    const AT_FrameBlock &block() const { return scene ? findBlock() : AT_FrameBlock::none(); }
+    const AT_FrameBlock &block() const
+    {
+        if (const AT_FrameBlock *known = knownBlock())
+            return *known;
+        return remember(scene ? findBlock() : AT_FrameBlock::none());
+    }
 
     const UT_SharedWeakPtr<TUScene> scene{};
 

@@ -10,51 +10,61 @@ using namespace Plotka;
 namespace
 {
 
-/// Stands for a timeline object: a number, 0 being the invalid one.
-struct Mark {
-    int number = 0;
-    bool isValid() const { return number != 0; }
-    static const Mark invalid;
+/// Stands for a timeline object.
+struct Mark : UT_ShareBase {
+    explicit Mark(int markNumber) : number(markNumber) {}
+    const int number;
 };
-const Mark Mark::invalid;
+
+UT_SharedPtr<Mark> mark(int number)
+{
+    return UT_SharedPtr<Mark>(new Mark(number));
+}
+
+/// The number of the mark, 0 without one.
+int numberAt(const FrameCache<Mark> &cache, unsigned int frame, bool earliest)
+{
+    const Mark *found = cache.findAt(frame, earliest);
+    return found ? found->number : 0;
+}
 
 } // namespace
 
 TEST(FrameCache, GivesTheFirstOrTheLastOfThoseThatCoverAFrame)
 {
     FrameCache<Mark> cache;
-    cache.insert(10, 20, Mark{1});
-    cache.insert(15, 20, Mark{2});
-    cache.insert(20, 20, Mark{3});
-    EXPECT_EQ(cache.findAt(22, /*earliest*/ true).number, 1);
-    EXPECT_EQ(cache.findAt(22, /*earliest*/ false).number, 3);
-    EXPECT_EQ(cache.findAt(9, true).number, 0);
-    EXPECT_EQ(cache.findAt(10, false).number, 1);
-    EXPECT_EQ(cache.findAt(39, true).number, 3);
-    EXPECT_EQ(cache.findAt(40, true).number, 0);
+    cache.insert(10, 20, mark(1));
+    cache.insert(15, 20, mark(2));
+    cache.insert(20, 20, mark(3));
+    EXPECT_EQ(numberAt(cache, 22, /*earliest*/ true), 1);
+    EXPECT_EQ(numberAt(cache, 22, /*earliest*/ false), 3);
+    EXPECT_EQ(numberAt(cache, 9, true), 0);
+    EXPECT_EQ(numberAt(cache, 10, false), 1);
+    EXPECT_EQ(numberAt(cache, 39, true), 3);
+    EXPECT_EQ(numberAt(cache, 40, true), 0);
 }
 
 TEST(FrameCache, StopsAtTheFirstThatDoesNotCoverTheFrame)
 {
     FrameCache<Mark> cache;
-    cache.insert(1, 100, Mark{1});
-    cache.insert(10, 5, Mark{2}); // ends before 50 and hides what began before it
-    cache.insert(40, 20, Mark{3});
-    EXPECT_EQ(cache.findAt(50, true).number, 3);
-    EXPECT_EQ(cache.findAt(30, true).number, 0);
-    cache.insert(45, 20, Mark{0}); // an invalid object ends the search as well
-    EXPECT_EQ(cache.findAt(50, true).number, 0);
+    cache.insert(1, 100, mark(1));
+    cache.insert(10, 5, mark(2)); // ends before 50 and hides what began before it
+    cache.insert(40, 20, mark(3));
+    EXPECT_EQ(numberAt(cache, 50, true), 3);
+    EXPECT_EQ(numberAt(cache, 30, true), 0);
+    cache.insert(45, 20, nullptr); // nothing at a frame ends the search as well
+    EXPECT_EQ(numberAt(cache, 50, true), 0);
 }
 
 TEST(FrameCache, KeepsEqualFramesInOrderOfArrivalAcrossManyOfThem)
 {
     FrameCache<Mark> cache;
     for (int i = 1; i <= 1000; ++i)
-        cache.insert(7, 3, Mark{i});
-    EXPECT_EQ(cache.findAt(8, true).number, 1);
-    EXPECT_EQ(cache.findAt(8, false).number, 1000);
-    EXPECT_EQ(cache.findAt(6, true).number, 0);
-    EXPECT_EQ(cache.findAt(10, true).number, 0);
+        cache.insert(7, 3, mark(i));
+    EXPECT_EQ(numberAt(cache, 8, true), 1);
+    EXPECT_EQ(numberAt(cache, 8, false), 1000);
+    EXPECT_EQ(numberAt(cache, 6, true), 0);
+    EXPECT_EQ(numberAt(cache, 10, true), 0);
 }
 
 TEST(FrameCache, AnswersAsASortedListWhateverTheOrderOfInsertion)
@@ -65,7 +75,7 @@ TEST(FrameCache, AnswersAsASortedListWhateverTheOrderOfInsertion)
     for (int i = 1; i <= 5000; ++i) {
         const unsigned int firstFrame = static_cast<unsigned int>(random() % 20000);
         const unsigned int frameCount = static_cast<unsigned int>(1 + random() % 30);
-        cache.insert(firstFrame, frameCount, Mark{i});
+        cache.insert(firstFrame, frameCount, mark(i));
         list.insert({firstFrame, {frameCount, i}});
     }
     for (unsigned int frame = 0; frame < 20100; frame += 3) {
@@ -78,7 +88,7 @@ TEST(FrameCache, AnswersAsASortedListWhateverTheOrderOfInsertion)
             earliest = it->second.second;
             latest = latest ? latest : earliest;
         }
-        ASSERT_EQ(cache.findAt(frame, true).number, earliest) << frame;
-        ASSERT_EQ(cache.findAt(frame, false).number, latest) << frame;
+        ASSERT_EQ(numberAt(cache, frame, true), earliest) << frame;
+        ASSERT_EQ(numberAt(cache, frame, false), latest) << frame;
     }
 }

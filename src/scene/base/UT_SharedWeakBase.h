@@ -1,6 +1,7 @@
 #pragma once
 
 #include "plotka_scene_export.h"
+#include "scene/base/UT_Edition.h"
 
 #include <atomic>
 
@@ -15,7 +16,11 @@ public:
 
     /// The watched object, null once it has died.
     UT_SharedWeakBase *target() const { return m_target; }
-    void clearTarget() { m_target = nullptr; }
+    void clearTarget()
+    {
+        m_target = nullptr;
+        UT_Edition::advanceByDeath();
+    }
 
     void hold() { m_holders.fetch_add(1, std::memory_order_relaxed); }
     /// The record deletes itself with its last holder.

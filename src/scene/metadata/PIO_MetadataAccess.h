@@ -5,6 +5,7 @@
 
 #include <QString>
 
+#include <typeinfo>
 #include <utility>
 
 /// Typed doorway to one record of a container: the first record of class T, or the first of that
@@ -50,7 +51,8 @@ private:
     T *find() const
     {
         for (PIO_Metadata *record : *container) {
-            T *candidate = dynamic_cast<T *>(record);
+            // Most records are exactly of the class asked for, or of one that has nothing to do with it.
+            T *candidate = typeid(*record) == typeid(T) ? static_cast<T *>(record) : dynamic_cast<T *>(record);
             if (candidate && (name.isNull() || candidate->metaName() == name))
                 return candidate;
         }

@@ -34,7 +34,7 @@ bool PIO_Metadatas::remove(PIO_Metadata *record)
 PIO_Metadata *PIO_Metadatas::metadata(const QString &type, const QString &name) const
 {
     for (PIO_Metadata *record : m_records) {
-        if (record->metaType() == type && record->metaName() == name)
+        if (record->metaName() == name && record->metaType() == type) // names tell more records apart
             return record;
     }
     return nullptr;

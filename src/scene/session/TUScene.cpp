@@ -20,6 +20,7 @@ TUScene::~TUScene()
 {
     // Whoever is reached from here, the destructor of a record for one, finds no scene any more.
     forgetWatchers();
+    UT_Edition::advanceByDeath(); // also when nobody watched it, but found it by its id
     for (TUTimedValue *timedValue : std::exchange(m_timedValues, {}))
         delete timedValue;
 }

@@ -14,7 +14,7 @@ AT_TimeWarpSeq::AT_TimeWarpSeq(SC_Id objectId, SC_Id sceneId, double innerStart,
 
 AT_TimeWarpSeq *AT_TimeWarpSeq::toTimeWarp(TUSeq *seq)
 {
-    return dynamic_cast<AT_TimeWarpSeq *>(seq);
+    return seq ? const_cast<AT_TimeWarpSeq *>(seq->timeWarpView()) : nullptr;
 }
 
 void AT_TimeWarpSeq::setRange(double innerStart, double innerEnd)

@@ -29,4 +29,6 @@ public:
     virtual double toLocalFrame(double frame, double fromFrame, double toFrame) const;
     /// A position in the inner range as a frame of the block.
     virtual double toParentFrame(double position, double fromFrame, double toFrame) const;
+
+    const AT_TimeWarpSeq *timeWarpView() const override { return this; }
 };

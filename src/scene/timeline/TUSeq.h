@@ -3,12 +3,16 @@
 #include "plotka_scene_export.h"
 #include "scene/base/SC_Id.h"
 
+class AT_FrameBlock;
+class AT_TimeWarpSeq;
 class AT_TransitionSeq;
+class SC_SceneManager;
+class TUScene;
 class TUSeqTimedValue;
 
 /// What a block shows: a placed scene, a transition, or something else.
 ///
-/// Three views tell which; each is null when the sequence is not of that nature. A sequence is
+/// Views tell which; each is null when the sequence is not of that nature. A sequence is
 /// counted by the blocks that hold it, copies of blocks included, and dies with the last.
 class PLOTKA_SCENE_EXPORT TUSeq
 {
@@ -28,6 +32,8 @@ public:
     virtual const TUSeq *sceneSeq() const { return nullptr; }
     /// Carries the object id of a transition.
     virtual const AT_TransitionSeq *transitionView() const { return nullptr; }
+    /// Shows an inner range of a scene.
+    virtual const AT_TimeWarpSeq *timeWarpView() const { return nullptr; }
 
     /// The id of the object that a block with this sequence places: that of the identified view,
     /// else of the transition view, else null.
@@ -42,7 +48,11 @@ public:
 
 private:
     friend class TUSeqTimedValue;
+    friend TUScene *sceneOfBlock(const SC_SceneManager *manager, const AT_FrameBlock &block);
 
     TUSeqTimedValue *m_timedValue = nullptr;
     mutable unsigned int m_holders = 0;
+    // The scene that was last found by the id of this view, good while no scene dies.
+    mutable TUScene *m_scene = nullptr;
+    mutable quint64 m_sceneFoundAt = 0;
 };

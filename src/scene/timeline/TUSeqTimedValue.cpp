@@ -1,6 +1,7 @@
 #include "scene/timeline/TUSeqTimedValue.h"
 
 #include <algorithm>
+#include <functional>
 
 // Both ends of the blocks ascend with their index: a block before a transition ends before the one after
 // it does. So whatever covers a frame stands together, and every search is a binary one.
@@ -10,7 +11,7 @@ namespace
 
 bool beginsAfter(double frame, const AT_FrameBlock &block)
 {
-    return frame < block.fromFrame();
+    return frame < block.key.fromFrame; // the blocks here are all valid
 }
 
 bool endsBefore(const AT_FrameBlock &block, double frame)
@@ -32,11 +33,28 @@ std::size_t TUSeqTimedValue::coveringEnd(double frame) const
 
 unsigned int TUSeqTimedValue::blockCountAt(double frame) const
 {
-    const std::size_t end = coveringEnd(frame);
-    std::size_t begin = end;
-    while (begin > 0 && m_blocks[begin - 1].isInRange(frame))
-        --begin;
+    const auto [begin, end] = blocksAt(frame);
     return static_cast<unsigned int>(end - begin);
+}
+
+std::pair<TUSeqTimedValue::const_iterator, TUSeqTimedValue::const_iterator> TUSeqTimedValue::blocksAt(
+    double frame) const
+{
+    const const_iterator end = m_blocks.cbegin() + std::ptrdiff_t(coveringEnd(frame));
+    const_iterator begin = end;
+    while (begin != m_blocks.cbegin() && std::prev(begin)->isInRange(frame))
+        --begin;
+    return {begin, end};
+}
+
+bool TUSeqTimedValue::isAloneAt(double frame, const AT_FrameBlock &block) const
+{
+    const AT_FrameBlock *const begin = m_blocks.data();
+    const AT_FrameBlock *const end = begin + m_blocks.size();
+    if (std::less<>()(&block, begin) || !std::less<>()(&block, end) || !block.isInRange(frame))
+        return false;
+    return (&block == begin || !(&block - 1)->isInRange(frame))
+        && (&block + 1 == end || !(&block + 1)->isInRange(frame));
 }
 
 TUSeqTimedValue::const_iterator TUSeqTimedValue::blockIteratorAt(unsigned int frame) const

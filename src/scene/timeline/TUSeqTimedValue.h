@@ -5,6 +5,7 @@
 
 #include <QHash>
 
+#include <utility>
 #include <vector>
 
 class AT_TransitionSeq;
@@ -43,6 +44,8 @@ public:
     unsigned int blockCount() const { return static_cast<unsigned int>(m_blocks.size()); }
     /// Blocks covering the position: 0 in a gap, past the end and at 0; 3 on a transition.
     unsigned int blockCountAt(double frame) const;
+    /// True when @p block is one of these, covers the position and no other does.
+    bool isAloneAt(double frame, const AT_FrameBlock &block) const;
     /// @}
 
     /// @name Blocks
@@ -68,6 +71,8 @@ public:
     const_reverse_iterator rbeginBlock() const { return m_blocks.crbegin(); }
     const_reverse_iterator rendBlock() const { return m_blocks.crend(); }
 
+    /// The blocks covering the frame, from the first to past the last.
+    std::pair<const_iterator, const_iterator> blocksAt(double frame) const;
     const_iterator blockIteratorAt(unsigned int frame) const;
     const_iterator blockIteratorAt(const AT_FrameBlockKey &key) const;
     const_iterator blockIteratorOf(const SC_Id &objectId) const;
@@ -103,9 +108,6 @@ public:
     bool moveBlocks(unsigned int fromFrame, int delta);
     /// @}
 
-    /// Counts the edits, so that a place found once can be known to be still good.
-    quint64 revision() const { return m_revision; }
-
     /// Tells the change manager that this timed value changed, and the scene too when a block that
     /// places a scene is concerned. For the sequences of its blocks.
     void queueChange(bool placesScene);
@@ -126,5 +128,4 @@ private:
 
     std::vector<AT_FrameBlock> m_blocks;
     QHash<qint64, quint32> m_indexOfObject;
-    quint64 m_revision = 0;
 };

@@ -1,5 +1,6 @@
 #include "scene/timeline/TUSeqTimedValue.h"
 
+#include "scene/base/UT_Edition.h"
 #include "scene/changes/TUSceneChangeManager.h"
 #include "scene/session/SC_ProjectCommon.h"
 #include "scene/session/SC_SceneCommon.h"
@@ -223,7 +224,7 @@ void TUSeqTimedValue::reindexFrom(std::size_t index)
 
 void TUSeqTimedValue::changed(bool placedScene)
 {
-    ++m_revision;
+    UT_Edition::advance();
     queueChange(placedScene);
 }
 

@@ -1,14 +1,24 @@
 #include "scene/timeline/TimelineSearches.h"
 
+#include "scene/base/UT_Edition.h"
 #include "scene/network/MO_ElementModule.h"
-#include "scene/session/SC_SceneManager.h"
+#include "scene/session/SC_ProjectCommon.h"
 #include "scene/session/TUScene.h"
 #include "scene/timeline/TUSeqTimedValue.h"
 
 TUScene *sceneOfBlock(const SC_SceneManager *manager, const AT_FrameBlock &block)
 {
     const TUSeq *view = manager && block.isValid() && block.seq() ? block.seq()->sceneSeq() : nullptr;
-    return view ? dynamic_cast<TUScene *>(manager->find(view->id)) : nullptr;
+    if (!view)
+        return nullptr;
+    if (view->m_sceneFoundAt == UT_Edition::deaths() && view->m_scene->projectCommon()->sceneManager() == manager)
+        return view->m_scene;
+    TUScene *const scene = static_cast<TUScene *>(manager->find(view->id)); // all that it finds are scenes
+    if (scene) {
+        view->m_scene = scene;
+        view->m_sceneFoundAt = UT_Edition::deaths();
+    }
+    return scene;
 }
 
 TUSeqTimedValue *sceneMainTv(const TUScene *scene)

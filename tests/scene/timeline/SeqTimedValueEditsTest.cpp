@@ -1,5 +1,6 @@
 #include "TimelineFixture.h"
 
+#include "scene/base/UT_Edition.h"
 #include "scene/timeline/TUSoundTimedValue.h"
 
 namespace
@@ -13,11 +14,11 @@ protected:
     void expectRefused(Edit edit)
     {
         const std::string before = textOf(*timeline);
-        const quint64 revision = timeline->revision();
+        const quint64 edition = UT_Edition::current();
         const qint64 nextId = project.projectCommon()->nextId();
         EXPECT_FALSE(edit());
         EXPECT_EQ(textOf(*timeline), before);
-        EXPECT_EQ(timeline->revision(), revision);
+        EXPECT_EQ(UT_Edition::current(), edition);
         EXPECT_EQ(project.projectCommon()->nextId(), nextId);
         EXPECT_EQ(news.told(), "");
     }
@@ -183,10 +184,10 @@ TEST_F(SeqTimedValueEdits, TellsOfAResizedBlockWithoutASceneQuietly)
 TEST_F(SeqTimedValueEdits, MakesNoNewsOfTheRangeThatStands)
 {
     addShot(1, 10);
-    const quint64 revision = timeline->revision();
+    const quint64 edition = UT_Edition::current();
     EXPECT_TRUE(timeline->setBlockRange({1, 10, false}, 1, 10));
     EXPECT_EQ(news.told(), "");
-    EXPECT_EQ(timeline->revision(), revision);
+    EXPECT_EQ(UT_Edition::current(), edition);
 }
 
 TEST_F(SeqTimedValueEdits, RefusesToResizeOverAnotherOrToPassIt)
@@ -442,13 +443,13 @@ TEST_F(SeqTimedValueEdits, FreesTheScenesOfATimedValueThatDies)
 
 TEST_F(SeqTimedValueEdits, CountsItsEdits)
 {
-    const quint64 start = timeline->revision();
+    const quint64 start = UT_Edition::current();
     addShot(1, 10);
     addShot(11, 10);
     addTransition(11, 1, 1);
-    EXPECT_EQ(timeline->revision(), start + 3);
+    EXPECT_EQ(UT_Edition::current(), start + 3);
     EXPECT_FALSE(timeline->removeBlock({1, 11, false}));
-    EXPECT_EQ(timeline->revision(), start + 3);
+    EXPECT_EQ(UT_Edition::current(), start + 3);
 }
 
 TEST(SeqTimedValueAlone, HoldsOnlyWhatNeedsNoIds)

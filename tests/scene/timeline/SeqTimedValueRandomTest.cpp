@@ -1,5 +1,6 @@
 #include "NaiveTimeline.h"
 
+#include "scene/base/UT_Edition.h"
 #include "scene/timeline/AT_TimeWarpSeq.h"
 #include "scene/timeline/AT_TransitionSeq.h"
 #include "support/News.h"
@@ -82,7 +83,7 @@ void RandomTimeline::both(const std::string &what, Real real, Naive naive)
 {
     m_script += "\n" + what;
     const std::string before = m_naive.text();
-    const quint64 revision = m_timedValue.revision();
+    const quint64 edition = UT_Edition::current();
     const bool placedScene = [this, naive] { // is a block that places a scene among those that change?
         NaiveTimeline probe = m_naive;
         naive(probe);
@@ -104,7 +105,7 @@ void RandomTimeline::both(const std::string &what, Real real, Naive naive)
     ASSERT_EQ(
         m_news.told(), changed ? placedScene ? "sceneChanged timedValuesChanged{T}" : "timedValuesChanged{T}" : "")
         << m_script << "\non " << before;
-    ASSERT_EQ(m_timedValue.revision() != revision, changed) << m_script;
+    ASSERT_EQ(UT_Edition::current() != edition, changed) << m_script;
 }
 
 void RandomTimeline::insert()
