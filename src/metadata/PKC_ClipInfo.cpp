@@ -1,8 +1,9 @@
 #include "metadata/PKC_ClipInfo.h"
 
-#include "metadata/PanelInfoMetadataReader_p.h"
 #include "metadata/RecordAttributes_p.h"
+#include "metadata/RecordClone_p.h"
 #include "metadata/RecordDump_p.h"
+#include "metadata/RecordReader_p.h"
 #include "scene/base/whoami.h"
 #include "scene/metadata/PIO_WritingContext.h"
 #include "scene/metadata/PO_Utils.h"
@@ -11,7 +12,6 @@
 #include <QXmlAttributes>
 
 #include <algorithm>
-#include <memory>
 #include <utility>
 
 namespace
@@ -49,6 +49,28 @@ bool unlink(std::vector<SC_Id> &ids, const SC_Id &id)
 
 } // namespace
 
+class PanelInfoMetadataReader : public RecordReader<PKC_ClipInfo, ReadsUntil::FirstEnd>
+{
+public:
+    using RecordReader::RecordReader;
+
+protected:
+    void readElement(PKC_ClipInfo &info, const QString &localName, const QXmlAttributes &attributes) override
+    {
+        if (localName != PKC_ClipInfo::kPIO_PKMETA_Keyword)
+            return;
+        RecordAttributes::mergeIds(attributes, kLinkedAudioClip, info.m_linkedAudioClips);
+        RecordAttributes::mergeIds(attributes, kLinkedVideoClip, info.m_linkedVideoClips);
+        unsigned int colour = 0;
+        if (PO_Utils::parseColorAttr(attributes.value(kColor), colour))
+            info.setColor(QColor(colour));
+        info.name().setValue(attributes.value(kName));
+        info.name().setFlag(RecordAttributes::intOf(attributes, kNameFlag));
+        info.setExportFlag(RecordAttributes::intOf(attributes, kExportFlag));
+        info.setColorIsValid(attributes.value(kColorIsValid) == QLatin1String("true"));
+    }
+};
+
 const QString PKC_ClipInfo::kPIO_PKMETA_Keyword = QStringLiteral("panelInfo");
 const QString PKC_ClipInfo::kPIO_PKMETA_Version = QStringLiteral("1.0");
 
@@ -73,9 +95,7 @@ PIO_XML::ComponentReader *PKC_ClipInfo::componentReader()
 
 PIO_Metadata *PKC_ClipInfo::clone() const
 {
-    auto copy = std::make_unique<PKC_ClipInfo>(metaName(), creator(), version());
-    *copy = *this;
-    return copy.release();
+    return cloneRecord(*this);
 }
 
 void PKC_ClipInfo::dumpToString(QString &text) const
@@ -141,27 +161,4 @@ void PKC_ClipInfo::clearLinkedClips()
 {
     m_linkedVideoClips.clear();
     m_linkedAudioClips.clear();
-}
-
-UT_SharedPtr<PIO_XML::ComponentReader> PanelInfoMetadataReader::startElement(
-    const QString &, const QString &localName, const QXmlAttributes &attributes)
-{
-    if (!m_target || localName != PKC_ClipInfo::kPIO_PKMETA_Keyword)
-        return this;
-    RecordAttributes::mergeIds(attributes, kLinkedAudioClip, m_target->m_linkedAudioClips);
-    RecordAttributes::mergeIds(attributes, kLinkedVideoClip, m_target->m_linkedVideoClips);
-    unsigned int colour = 0;
-    if (PO_Utils::parseColorAttr(attributes.value(kColor), colour))
-        m_target->setColor(QColor(colour));
-    m_target->name().setValue(attributes.value(kName));
-    m_target->name().setFlag(RecordAttributes::intOf(attributes, kNameFlag));
-    m_target->setExportFlag(RecordAttributes::intOf(attributes, kExportFlag));
-    m_target->setColorIsValid(attributes.value(kColorIsValid) == QLatin1String("true"));
-    return this;
-}
-
-bool PanelInfoMetadataReader::endElement(const QString &, const QString &)
-{
-    m_target = nullptr;
-    return true;
 }

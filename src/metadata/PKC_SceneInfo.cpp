@@ -1,15 +1,14 @@
 #include "metadata/PKC_SceneInfo.h"
 
 #include "metadata/RecordAttributes_p.h"
+#include "metadata/RecordClone_p.h"
 #include "metadata/RecordDump_p.h"
-#include "metadata/SceneInfoMetadataReader_p.h"
+#include "metadata/RecordReader_p.h"
 #include "scene/base/whoami.h"
 #include "scene/metadata/PIO_WritingContext.h"
 #include "scene/metadata/PO_XmlWriter.h"
 
 #include <QXmlAttributes>
-
-#include <memory>
 
 namespace
 {
@@ -32,6 +31,22 @@ void readName(const QXmlAttributes &attributes, const QString &textKey, const QS
     name.setValue(attributes.value(textKey));
     name.setFlag(RecordAttributes::intOf(attributes, flagKey));
 }
+
+class SceneInfoMetadataReader : public RecordReader<PKC_SceneInfo, ReadsUntil::FirstEnd>
+{
+public:
+    using RecordReader::RecordReader;
+
+protected:
+    void readElement(PKC_SceneInfo &info, const QString &localName, const QXmlAttributes &attributes) override
+    {
+        if (localName != PKC_SceneInfo::kPIO_PKMETA_Keyword)
+            return;
+        readName(attributes, kName, kNameFlag, info.name());
+        readName(attributes, kSequenceName, kSequenceNameFlag, info.sequenceName());
+        readName(attributes, kActName, kActNameFlag, info.actName());
+    }
+};
 
 } // namespace
 
@@ -61,9 +76,7 @@ PIO_XML::ComponentReader *PKC_SceneInfo::componentReader()
 
 PIO_Metadata *PKC_SceneInfo::clone() const
 {
-    auto copy = std::make_unique<PKC_SceneInfo>(metaName(), creator(), version());
-    *copy = *this;
-    return copy.release();
+    return cloneRecord(*this);
 }
 
 void PKC_SceneInfo::dumpToString(QString &text) const
@@ -86,21 +99,4 @@ void PKC_SceneInfo::writeMetadataSubnodes(PIO_WritingContext &context) const
     encodeName(writer, kSequenceName, kSequenceNameFlag, m_sequenceName);
     encodeName(writer, kActName, kActNameFlag, m_actName);
     writer.endElement();
-}
-
-UT_SharedPtr<PIO_XML::ComponentReader> SceneInfoMetadataReader::startElement(
-    const QString &, const QString &localName, const QXmlAttributes &attributes)
-{
-    if (!m_target || localName != PKC_SceneInfo::kPIO_PKMETA_Keyword)
-        return this;
-    readName(attributes, kName, kNameFlag, m_target->name());
-    readName(attributes, kSequenceName, kSequenceNameFlag, m_target->sequenceName());
-    readName(attributes, kActName, kActNameFlag, m_target->actName());
-    return this;
-}
-
-bool SceneInfoMetadataReader::endElement(const QString &, const QString &)
-{
-    m_target = nullptr;
-    return true;
 }

@@ -2,6 +2,7 @@
 
 #include "scene/metadata/PO_XmlWriter.h"
 
+#include <QDateTime>
 #include <QStringList>
 #include <QXmlAttributes>
 
@@ -10,6 +11,34 @@
 int RecordAttributes::intOf(const QXmlAttributes &attributes, const QString &key)
 {
     return attributes.value(key).toInt(nullptr, 10);
+}
+
+bool RecordAttributes::readInt(const QXmlAttributes &attributes, const QString &key, int &value)
+{
+    bool good = false;
+    const int parsed = attributes.value(key).toInt(&good, 10);
+    if (good)
+        value = parsed;
+    return good;
+}
+
+bool RecordAttributes::readDouble(const QXmlAttributes &attributes, const QString &key, double &value)
+{
+    bool good = false;
+    const double parsed = attributes.value(key).toDouble(&good);
+    if (good)
+        value = parsed;
+    return good;
+}
+
+void RecordAttributes::encodeDate(PO_XmlWriter &writer, const QString &key, const QDateTime &date)
+{
+    writer.encodeStringAttr(key, date.toString(Qt::ISODate));
+}
+
+QDateTime RecordAttributes::dateOf(const QXmlAttributes &attributes, const QString &key)
+{
+    return QDateTime::fromString(attributes.value(key), Qt::ISODate);
 }
 
 QString RecordAttributes::joined(const std::vector<SC_Id> &ids)

@@ -7,6 +7,7 @@
 #include <vector>
 
 class PO_XmlWriter;
+class QDateTime;
 class QXmlAttributes;
 
 /// How all records write and read attributes. Reading never fails: bad text gives the default.
@@ -15,6 +16,21 @@ namespace RecordAttributes
 
 /// 0 for an absent attribute and for what is no number of 32 bits.
 int intOf(const QXmlAttributes &attributes, const QString &key);
+
+/// @name Numbers that must be good
+/// False for an absent attribute and for what is no number, and @p value is then as it was.
+/// @{
+bool readInt(const QXmlAttributes &attributes, const QString &key, int &value);
+bool readDouble(const QXmlAttributes &attributes, const QString &key, double &value);
+/// @}
+
+/// @name Dates
+/// In the form of ISO 8601, to the second. A null date is an empty text; an absent attribute and bad text read as the
+/// null date.
+/// @{
+void encodeDate(PO_XmlWriter &writer, const QString &key, const QDateTime &date);
+QDateTime dateOf(const QXmlAttributes &attributes, const QString &key);
+/// @}
 
 /// @name Lists of ids
 /// One attribute with the ids joined by ",".
