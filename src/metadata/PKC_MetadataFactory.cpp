@@ -2,6 +2,7 @@
 
 #include "metadata/PKC_ClipInfo.h"
 #include "metadata/PKC_SceneInfo.h"
+#include "tracking/PKC_Tracking.h"
 
 namespace
 {
@@ -23,6 +24,7 @@ struct RecordType {
 constexpr RecordType recordTypes[] = {
     {QLatin1String("sceneInfo"), make<PKC_SceneInfo>},
     {QLatin1String("panelInfo"), make<PKC_ClipInfo>},
+    {QLatin1String("tracking"), make<PKC_Tracking>},
 };
 
 } // namespace

@@ -21,7 +21,9 @@ void readPayload(PIO_Metadata &record, const QString &payload)
             const QXmlStreamAttributes present = xml.attributes();
             for (const QXmlStreamAttribute &attribute : present) {
                 const QString key = attribute.name().toString();
-                attributes.append(key, QString(), key, attribute.value().toString());
+                // A file keeps the difference between an absent attribute and an empty one.
+                const QString value = attribute.value().isEmpty() ? QStringLiteral("") : attribute.value().toString();
+                attributes.append(key, QString(), key, value);
             }
             EXPECT_EQ(reader->startElement(QString(), localName, attributes), reader);
         } else if (token == QXmlStreamReader::EndElement && depth-- > 0) {
