@@ -1,6 +1,8 @@
 #include "metadata/PKC_MetadataFactory.h"
 
 #include "metadata/PKC_ClipInfo.h"
+#include "metadata/PKC_DeletedPanels.h"
+#include "metadata/PKC_ExposurePoints.h"
 #include "metadata/PKC_SceneInfo.h"
 #include "tracking/PKC_Tracking.h"
 
@@ -24,7 +26,9 @@ struct RecordType {
 constexpr RecordType recordTypes[] = {
     {QLatin1String("sceneInfo"), make<PKC_SceneInfo>},
     {QLatin1String("panelInfo"), make<PKC_ClipInfo>},
+    {QLatin1String("exposurePoints"), make<PKC_ExposurePoints>},
     {QLatin1String("tracking"), make<PKC_Tracking>},
+    {QLatin1String("deletedPanels"), make<PKC_DeletedPanels>},
 };
 
 } // namespace

@@ -6,6 +6,7 @@
 #include <QStringList>
 #include <QXmlAttributes>
 
+#include <cmath>
 #include <set>
 
 int RecordAttributes::intOf(const QXmlAttributes &attributes, const QString &key)
@@ -29,6 +30,15 @@ bool RecordAttributes::readDouble(const QXmlAttributes &attributes, const QStrin
     if (good)
         value = parsed;
     return good;
+}
+
+bool RecordAttributes::readFloat(const QXmlAttributes &attributes, const QString &key, float &value)
+{
+    double read = 0.0;
+    if (!readDouble(attributes, key, read) || !std::isfinite(static_cast<float>(read)))
+        return false;
+    value = static_cast<float>(read);
+    return true;
 }
 
 void RecordAttributes::encodeDate(PO_XmlWriter &writer, const QString &key, const QDateTime &date)

@@ -22,6 +22,8 @@ int intOf(const QXmlAttributes &attributes, const QString &key);
 /// @{
 bool readInt(const QXmlAttributes &attributes, const QString &key, int &value);
 bool readDouble(const QXmlAttributes &attributes, const QString &key, double &value);
+/// What is not finite in single precision is not good either.
+bool readFloat(const QXmlAttributes &attributes, const QString &key, float &value);
 /// @}
 
 /// @name Dates
