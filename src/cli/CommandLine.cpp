@@ -3,6 +3,7 @@
 #include "cli/AtCommand.h"
 #include "cli/CliText.h"
 #include "cli/Console.h"
+#include "cli/DumpCommand.h"
 #include "cli/ImportCommand.h"
 #include "cli/InfoCommand.h"
 #include "cli/TextTable.h"
@@ -18,7 +19,7 @@ namespace
 
 QList<Subcommand> subcommands()
 {
-    return {importCommand(), infoCommand(), timelineCommand(), atCommand()};
+    return {importCommand(), infoCommand(), timelineCommand(), atCommand(), dumpCommand()};
 }
 
 QCommandLineOption helpOption()

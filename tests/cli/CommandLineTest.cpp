@@ -33,7 +33,7 @@ TEST(CommandLine, RefusesWhatIsNoCommand)
 
 TEST(CommandLine, RefusesWrongArgumentsOfACommand)
 {
-    for (const char *command : {"info", "timeline", "at"})
+    for (const char *command : {"info", "timeline", "at", "dump"})
         expectRefusal({QLatin1String(command)}, 2, "FILE is missing");
     expectRefusal({QStringLiteral("at"), QStringLiteral("x")}, 2, "FRAME is missing");
     expectRefusal({QStringLiteral("info"), QStringLiteral("a"), QStringLiteral("b %1")}, 2, "\"b %1\" is too much");
@@ -46,7 +46,7 @@ TEST(CommandLine, ShowsHelpAndVersionOnStandardOutput)
         const CommandRun run = runPlotka({QLatin1String(option)});
         EXPECT_EQ(run.exitCode, 0);
         EXPECT_EQ(run.errors, QByteArray());
-        for (const char *command : {"import", "info", "timeline", "at"})
+        for (const char *command : {"import", "info", "timeline", "at", "dump"})
             EXPECT_TRUE(run.output.contains(command)) << run.output.toStdString();
     }
     for (const char *option : {"--version", "-v"})
