@@ -63,6 +63,33 @@ std::vector<SC_Id> ids(std::initializer_list<qint64> values)
 
 } // namespace
 
+TEST(ClipInfo, ReadsEachAttributeByItself)
+{
+    const QList<std::pair<QString, QString>> all{{QStringLiteral("name"), QStringLiteral("n")},
+        {QStringLiteral("nameFlag"), QStringLiteral("3")}, {QStringLiteral("exportFlag"), QStringLiteral("7")},
+        {QStringLiteral("colorIsValid"), QStringLiteral("true")},
+        {QStringLiteral("color"), QStringLiteral("#ff010203")},
+        {QStringLiteral("linkedAudioClip"), QStringLiteral("21")},
+        {QStringLiteral("linkedVideoClip"), QStringLiteral("11")}};
+    for (const auto &missing : all) {
+        QString attributes;
+        for (const auto &attribute : all) {
+            if (attribute != missing)
+                attributes += QStringLiteral("%1='%2' ").arg(attribute.first, attribute.second);
+        }
+        const PKC_ClipInfo info = readFrom(attributes);
+        const auto isRead = [&](int index) { return all[index] != missing; };
+        const std::string what = missing.first.toStdString();
+        EXPECT_EQ(info.name().value(), isRead(0) ? QStringLiteral("n") : QString()) << what;
+        EXPECT_EQ(info.name().flag(), isRead(1) ? 3 : 0) << what;
+        EXPECT_EQ(info.exportFlag(), isRead(2) ? 7 : 0) << what;
+        EXPECT_EQ(info.colorIsValid(), isRead(3)) << what;
+        EXPECT_EQ(info.color(), isRead(4) ? QColor(1, 2, 3) : QColor()) << what;
+        EXPECT_EQ(info.linkedAudioClips(), isRead(5) ? ids({21}) : ids({})) << what;
+        EXPECT_EQ(info.linkedVideoClips(), isRead(6) ? ids({11}) : ids({})) << what;
+    }
+}
+
 TEST(ClipInfo, StartsAutomaticWithExportFlag13AndNoColour)
 {
     const PKC_ClipInfo info;

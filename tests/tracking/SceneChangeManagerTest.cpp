@@ -296,6 +296,16 @@ TEST_F(SceneChangeManager, SendsNoMoreOnceAReceiverHasCleared)
     EXPECT_THAT(notified(), ElementsAre("endOfNotify"));
 }
 
+TEST_F(SceneChangeManager, LeavesARangeToTheReceiverAfterTheOneThatCleared)
+{
+    on(&Manager::exportRangeChanged, [this] { manager->clear(); });
+    QString read;
+    on(&Manager::exportRangeChanged, [&read](const QString &range) { read = range; });
+    manager->emitExportRangeChanged(QStringLiteral("a range that is too long to be kept in place"));
+    manager->notify();
+    EXPECT_EQ(read, QStringLiteral("a range that is too long to be kept in place"));
+}
+
 TEST_F(SceneChangeManager, LetsAReceiverOfTransitionsClear)
 {
     std::size_t size = 0;

@@ -18,6 +18,8 @@ public:
     iterator begin() const { return m_keys.begin(); }
     iterator end() const { return m_keys.end(); }
     iterator find(const Key &key) const { return m_keys.find(key); }
+    /// The first key that is not before @p key.
+    iterator lower_bound(const Key &key) const { return m_keys.lower_bound(key); }
     /// 0 or 1.
     size_type count(const Key &key) const { return m_keys.count(key); }
     bool include(const Key &key) const { return m_keys.count(key) != 0; }

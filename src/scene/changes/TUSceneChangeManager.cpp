@@ -5,6 +5,7 @@
 #include "scene/network/MO_Node.h"
 #include "scene/timeline/TUTimedValue.h"
 
+#include <limits>
 #include <utility>
 
 struct TUSceneChangeManager::Queue {
@@ -38,7 +39,37 @@ void include(TUChangeSet<UT_SharedWeakPtr<T>> &set, T *changed)
 
 TUSceneChangeManager::TUSceneChangeManager() : m_queue(std::make_unique<Queue>()) {}
 
-TUSceneChangeManager::~TUSceneChangeManager() = default;
+/// Puts a value into a member of the manager, and null or false back in the end, also when a receiver throws; not
+/// when the manager has died.
+template <typename T>
+class TUSceneChangeManager::Mark
+{
+public:
+    Mark(TUSceneChangeManager *manager, T TUSceneChangeManager::*member, T value) : m_manager(manager), m_member(member)
+    {
+        manager->*member = value;
+    }
+    Mark(const Mark &) = delete;
+    Mark &operator=(const Mark &) = delete;
+    ~Mark()
+    {
+        if (m_manager)
+            m_manager->*m_member = T();
+    }
+
+private:
+    QPointer<TUSceneChangeManager> m_manager;
+    T TUSceneChangeManager::*m_member;
+};
+
+// Who still reads the news can no longer be told of the deaths of its records.
+TUSceneChangeManager::~TUSceneChangeManager()
+{
+    if (!m_metadataBeingSent)
+        return;
+    for (const PIO_MetaModif &modif : *m_metadataBeingSent)
+        modif.m_metadata = nullptr;
+}
 
 void TUSceneChangeManager::notify()
 {
@@ -47,13 +78,11 @@ void TUSceneChangeManager::notify()
         return;
     }
     const QPointer<TUSceneChangeManager> alive(this);
-    m_notifying = true;
+    const Mark<bool> notifying(this, &TUSceneChangeManager::m_notifying, true);
     m_furtherPass = false;
     runPass();
     if (alive && std::exchange(m_furtherPass, false))
         runPass();
-    if (alive)
-        m_notifying = false;
 }
 
 void TUSceneChangeManager::runPass()
@@ -129,10 +158,8 @@ void TUSceneChangeManager::sendMetadataChanged(const QPointer<TUSceneChangeManag
         manager ? std::exchange(manager->m_queue->metadataChanged, TUMetadataSet()) : TUMetadataSet();
     if (taken.empty())
         return;
-    manager->m_metadataBeingSent = &taken;
+    const Mark<const TUMetadataSet *> sending(manager, &TUSceneChangeManager::m_metadataBeingSent, &taken);
     Q_EMIT manager->metadataChanged(taken);
-    if (manager)
-        manager->m_metadataBeingSent = nullptr;
 }
 
 void TUSceneChangeManager::emitSceneChanged()
@@ -210,14 +237,14 @@ void TUSceneChangeManager::emitSelectionChanged()
 
 void TUSceneChangeManager::forgetMetadata(const PIO_Metadata *metadata)
 {
+    const PIO_MetaModif first(const_cast<PIO_Metadata *>(metadata), std::numeric_limits<int>::min());
     TUMetadataSet &queued = m_queue->metadataChanged;
-    for (auto it = queued.begin(); it != queued.end();)
-        it = it->metadata() == metadata ? queued.erase(it) : std::next(it);
+    for (auto it = queued.lower_bound(first); it != queued.end() && it->metadata() == metadata;)
+        it = queued.erase(it);
     // A receiver may be walking over this one.
-    if (m_metadataBeingSent) {
-        for (const PIO_MetaModif &modif : *m_metadataBeingSent) {
-            if (modif.m_metadata == metadata)
-                modif.m_metadata = nullptr;
-        }
-    }
+    if (!m_metadataBeingSent)
+        return;
+    for (auto it = m_metadataBeingSent->lower_bound(first); it != m_metadataBeingSent->end() && it->m_place == metadata;
+         ++it)
+        it->m_metadata = nullptr;
 }

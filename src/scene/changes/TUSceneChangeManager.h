@@ -78,9 +78,13 @@ protected:
 
     /// A derived sendSignals() calls this first: marks the network as pending when changed nodes are queued.
     void markPendingBeforeSend();
+    /// True from then on until changed nodes are sent.
+    bool isNetworkPending() const { return m_networkPending; }
 
 private:
     struct Queue;
+    template <typename T>
+    class Mark;
 
     void runPass();
     /// Takes the set out of the queue, then sends it; an empty set sends nothing, and so does a manager that has died.

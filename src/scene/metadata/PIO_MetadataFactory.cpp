@@ -5,10 +5,12 @@
 #include "scene/metadata/PIO_MetadataInt.h"
 #include "scene/metadata/PIO_MetadataString.h"
 
+#include <utility>
+
 namespace
 {
 
-// Constant-initialised: factories may register themselves before main().
+// Constant-initialised: factories may register themselves before main(). The latest; it knows the one before it.
 PIO_MetadataFactory *registered = nullptr;
 
 } // namespace
@@ -29,13 +31,28 @@ PIO_Metadata *PIO_MetadataFactory::createMeta(
 
 PIO_MetadataFactory::~PIO_MetadataFactory()
 {
-    if (registered == this)
-        registered = nullptr;
+    unregister(this);
 }
 
 void PIO_MetadataFactory::registerImpl(PIO_MetadataFactory *factory)
 {
-    registered = factory;
+    if (!factory) {
+        while (registered)
+            unregister(registered);
+        return;
+    }
+    unregister(factory);
+    factory->m_before = std::exchange(registered, factory);
+}
+
+void PIO_MetadataFactory::unregister(PIO_MetadataFactory *factory)
+{
+    for (PIO_MetadataFactory **place = &registered; *place; place = &(*place)->m_before) {
+        if (*place == factory) {
+            *place = std::exchange(factory->m_before, nullptr);
+            return;
+        }
+    }
 }
 
 PIO_MetadataFactory *PIO_MetadataFactory::instance()

@@ -21,7 +21,7 @@ public:
     /// A new record owned by the caller, or null for a type this factory does not know.
     virtual PIO_Metadata *createMeta(
         const QString &type, const QString &name, const QString &creator, const QString &version);
-    /// A registered factory that dies is no longer registered.
+    /// A registered factory that dies is no longer registered; the one registered before it is again.
     virtual ~PIO_MetadataFactory();
 
     /// Every record read from a file is made by @p factory from now on; null goes back to the generic
@@ -29,4 +29,9 @@ public:
     static void registerImpl(PIO_MetadataFactory *factory);
     /// The registered factory, or one that knows the generic records alone. Never null.
     static PIO_MetadataFactory *instance();
+
+private:
+    static void unregister(PIO_MetadataFactory *factory);
+
+    PIO_MetadataFactory *m_before = nullptr; // registered before this one
 };

@@ -36,6 +36,14 @@ QXmlAttributes attributesOf(const QXmlStreamReader &xml)
     return result;
 }
 
+PIO_MetadataUnknown::Attributes allOf(const QXmlStreamAttributes &attributes)
+{
+    PIO_MetadataUnknown::Attributes all;
+    for (const QXmlStreamAttribute &attribute : attributes)
+        all.emplace_back(attribute.qualifiedName().toString(), textOf(attribute.value()));
+    return all;
+}
+
 void appendEscaped(QString &markup, QStringView text, bool isAttribute)
 {
     for (const QChar unit : text) {
@@ -225,7 +233,7 @@ PIO_RecordResult PIO_RecordReader::read(QXmlStreamReader &xml)
     if (!result.record) {
         MarkupCollector collector;
         withinLimit = feed(xml, collector);
-        result.record = std::make_unique<PIO_MetadataUnknown>(type, name, creator, version, collector.markup());
+        result.record = std::make_unique<PIO_MetadataUnknown>(allOf(attributes), collector.markup());
     } else {
         PayloadFeeder feeder(result.record->componentReader());
         withinLimit = feed(xml, feeder);

@@ -20,7 +20,8 @@ QVariant settingOf(const QJsonValue &value)
     if (value.isString())
         return value.toString();
     const double number = value.toDouble(std::numeric_limits<double>::quiet_NaN());
-    if (std::abs(number) <= std::numeric_limits<int>::max() && std::trunc(number) == number)
+    if (number >= std::numeric_limits<int>::min() && number <= std::numeric_limits<int>::max()
+        && std::trunc(number) == number)
         return int(number);
     return QVariant();
 }
@@ -123,17 +124,12 @@ bool PR_Preference::save(const QString &path) const
 
 void PR_Preference::set(const QString &key, const QVariant &value)
 {
-    const QVariant old = m_values.value(key);
-    if (old.typeId() == value.typeId() && old == value)
-        return;
     m_values.insert(key, value);
     Q_EMIT preferenceChanged();
 }
 
 void PR_Preference::replace(const QMap<QString, QVariant> &values)
 {
-    if (m_values == values)
-        return;
     m_values = values;
     Q_EMIT preferenceChanged();
 }

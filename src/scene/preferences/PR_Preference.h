@@ -37,6 +37,7 @@ public:
     bool save(const QString &path) const;
 
 Q_SIGNALS:
+    /// After each of the settings above, also when it set what was set already.
     void preferenceChanged();
 
 private:

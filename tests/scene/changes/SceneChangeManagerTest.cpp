@@ -12,6 +12,7 @@
 #include <gtest/gtest.h>
 
 #include <memory>
+#include <stdexcept>
 #include <string>
 #include <utility>
 #include <vector>
@@ -48,12 +49,18 @@ public:
         steps.emplace_back("clear");
     }
     void queueNode(MO_Node *node) { emitNodeChanged(node); }
+    void notePending()
+    {
+        if (isNetworkPending())
+            steps.emplace_back("pending");
+    }
 
 protected:
     void sendSignals() override
     {
         markPendingBeforeSend();
         steps.emplace_back("before");
+        notePending();
         TUSceneChangeManager::sendSignals();
         steps.emplace_back("after");
     }
@@ -295,6 +302,41 @@ TEST(SceneChangeManagerLife, SendsNoMoreOnceAReceiverHasDeletedIt)
     }
 }
 
+TEST_F(SceneChangeManager, GoesOnAfterAReceiverThrew)
+{
+    PIO_Metadatas records;
+    auto *const doomed = new PIO_MetadataBool(QStringLiteral("doomed"));
+    records.add(doomed);
+    QObject *const here = new QObject(&news);
+    QObject::connect(&manager, &TUSceneChangeManager::metadataChanged, here,
+        [] { throw std::length_error("list too long"); }); // as a query of the project may
+    doomed->emitChanged(&manager, 1);
+    EXPECT_THROW(manager.notify(), std::length_error);
+    delete here;
+    records.remove(doomed); // nothing is being sent any more
+    manager.emitSceneChanged();
+    EXPECT_EQ(news.told(), "sceneChanged");
+}
+
+TEST(SceneChangeManagerLife, LeavesNoRecordToThoseWhoStillReadWhenItDies)
+{
+    auto *const manager = new TUSceneChangeManager;
+    auto record = std::make_unique<PIO_MetadataBool>(QStringLiteral("r"));
+    record->emitChanged(manager, 1);
+    QObject here;
+    int read = 0;
+    QObject::connect(manager, &TUSceneChangeManager::metadataChanged, &here, [&](const TUMetadataSet &set) {
+        delete manager;
+        record.reset();
+        for (const PIO_MetaModif &modif : set) {
+            EXPECT_EQ(modif.metadata(), nullptr);
+            ++read;
+        }
+    });
+    manager->notify();
+    EXPECT_EQ(read, 1);
+}
+
 TEST(SceneChangeManagerLife, RecordsMayOutliveIt)
 {
     PIO_MetadataBool record(QStringLiteral("r"));
@@ -390,11 +432,20 @@ TEST(SceneChangeManagerDerived, SendsItsOwnSignalsBeforeTheEnd)
         &manager, &TUSceneChangeManager::endOfNotify, &manager, [&] { manager.steps.emplace_back("end"); });
     QObject::connect(
         &manager, &TUSceneChangeManager::nodesChanged, &manager, [&] { manager.steps.emplace_back("nodes"); });
+    QObject::connect(&manager, &TUSceneChangeManager::nodesChanged, &manager, [&] { manager.notePending(); });
     MO_ElementModule node(nullptr, QStringLiteral("A"));
     manager.queueNode(&node);
     manager.notify();
     manager.clear();
-    EXPECT_EQ(manager.steps, (std::vector<std::string>{"before", "nodes", "after", "end", "clear"}));
+    EXPECT_EQ(manager.steps, (std::vector<std::string>{"before", "pending", "nodes", "after", "end", "clear"}));
+}
+
+TEST(SceneChangeManagerDerived, HasNoNetworkPendingWithoutChangedNodes)
+{
+    Recording manager;
+    manager.emitSceneChanged();
+    manager.notify();
+    EXPECT_EQ(manager.steps, (std::vector<std::string>{"before", "after"}));
 }
 
 TEST_F(SceneChangeManager, HasFifteenSignalsThatASpyCanRead)

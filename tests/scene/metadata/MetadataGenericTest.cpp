@@ -127,6 +127,15 @@ TEST(GenericMetadata, IsLeftInvalidByAWrongValue)
     EXPECT_TRUE(readValue<PIO_MetadataString>("string", "value=''")->isValid());
 }
 
+TEST(GenericMetadata, PassesOverElementsThatItDoesNotKnow)
+{
+    const auto read = readRecord(text("<metadata type='int'><x><int value='5'/></x><int value='6'/></metadata>"));
+    const auto *const first = dynamic_cast<const PIO_MetadataInt *>(read.record.get());
+    ASSERT_NE(first, nullptr);
+    EXPECT_TRUE(first->isValid());
+    EXPECT_EQ(first->valueInt(), 5) << "what follows the end is ignored";
+}
+
 TEST(GenericMetadata, ReportsAValueThatCannotBeRead)
 {
     const PIO_RecordResult bad = readRecord(text("<metadata type='int'><int value='x'/></metadata>"));
@@ -200,6 +209,29 @@ TEST(MetadataFactory, IsTheRegisteredOneUntilThatDies)
         EXPECT_EQ(readRecord(text("<metadata type='plain' name='n'/>")).record->creator(), text("tests"));
         EXPECT_NE(readRecord(text("<metadata type='bool'/>")).record, nullptr);
         EXPECT_EQ(factory.calls, 2);
+        {
+            PlainFactory later;
+            EXPECT_EQ(PIO_MetadataFactory::instance(), &later);
+        }
+        EXPECT_EQ(PIO_MetadataFactory::instance(), &factory);
     }
     EXPECT_EQ(PIO_MetadataFactory::instance(), generics);
+}
+
+TEST(MetadataFactory, IsLeftOutOfTheRegisteredOnesWhereverItStandsAmongThem)
+{
+    class PlainFactory : public PIO_MetadataFactory
+    {
+    public:
+        PlainFactory() { registerImpl(this); }
+    };
+    PIO_MetadataFactory *const before = PIO_MetadataFactory::instance();
+    auto first = std::make_unique<PlainFactory>();
+    auto second = std::make_unique<PlainFactory>();
+    PIO_MetadataFactory::registerImpl(first.get()); // again: it is the latest now
+    EXPECT_EQ(PIO_MetadataFactory::instance(), first.get());
+    second.reset();
+    EXPECT_EQ(PIO_MetadataFactory::instance(), first.get());
+    first.reset();
+    EXPECT_EQ(PIO_MetadataFactory::instance(), before);
 }

@@ -137,6 +137,8 @@ TEST(RecordReader, KeepsARecordOfUnknownTypeAsItCame)
         "<metadata type=\"later\" name=\"\" creator=\"\" version=\"\"><p:x xmlns:p=\"u\" "
         "q:a=\"1&#9;&quot;\"/></metadata>\n",
         "<metadata type=\"later\" name=\"\" creator=\"\" version=\"\">\n</metadata>\n",
+        "<metadata version=\"9\" p:lock=\"yes&#10;\" type=\"later\"/>\n",
+        "<metadata type=\"later\" name=\"\"/>\n",
     };
     for (const char *record : records) {
         std::string expected = record;

@@ -6,6 +6,8 @@
 
 #include <gtest/gtest.h>
 
+#include <limits>
+
 namespace
 {
 
@@ -50,26 +52,26 @@ TEST(Preference, AnswerTheDefaultForWhatIsAbsentOrOfAnotherKind)
     EXPECT_EQ(preferences.getIntValue(key("S"), 5), 5);
 }
 
-TEST(Preference, TellAChangeAtOnceAndOnlyAChange)
+TEST(Preference, TellAtOnceOfEachSetting)
 {
     PR_Preference preferences;
     QSignalSpy news(&preferences, SIGNAL(preferenceChanged()));
     preferences.setBoolValue(key("B"), false);
     EXPECT_EQ(news.count(), 1);
-    preferences.setBoolValue(key("B"), false);
-    EXPECT_EQ(news.count(), 1);
+    preferences.setBoolValue(key("B"), false); // also of one that changes nothing
+    EXPECT_EQ(news.count(), 2);
     preferences.setBoolValue(key("B"), true);
     EXPECT_TRUE(preferences.getBool(key("B")));
-    EXPECT_EQ(news.count(), 2);
-    preferences.setIntValue(key("B"), 1); // another kind is another value
     EXPECT_EQ(news.count(), 3);
-    preferences.setStringValue(key("S"), QString());
+    preferences.setIntValue(key("B"), 1); // another kind is another value
     EXPECT_EQ(news.count(), 4);
-    preferences.clear();
+    preferences.setStringValue(key("S"), QString());
     EXPECT_EQ(news.count(), 5);
+    preferences.clear();
+    EXPECT_EQ(news.count(), 6);
     EXPECT_EQ(preferences.getIntValue(key("B"), 9), 9);
     preferences.clear();
-    EXPECT_EQ(news.count(), 5);
+    EXPECT_EQ(news.count(), 7);
 }
 
 TEST(Preference, MayBeSetWhileAListenerDies)
@@ -107,7 +109,7 @@ TEST(Preference, ComeBackFromAFile)
     const QString path = folder.filePath(key("preferences"));
     PR_Preference saved;
     saved.setBoolValue(key("B"), true);
-    saved.setIntValue(key("I"), -2147483647);
+    saved.setIntValue(key("I"), std::numeric_limits<int>::min());
     saved.setStringValue(key("S"), QString::fromUtf8("ż\n\"7\""));
     ASSERT_TRUE(saved.save(path));
 
@@ -117,11 +119,11 @@ TEST(Preference, ComeBackFromAFile)
     ASSERT_TRUE(loaded.load(path));
     EXPECT_EQ(news.count(), 1);
     EXPECT_TRUE(loaded.getBool(key("B")));
-    EXPECT_EQ(loaded.getIntValue(key("I"), 0), -2147483647);
+    EXPECT_EQ(loaded.getIntValue(key("I"), 0), std::numeric_limits<int>::min());
     EXPECT_EQ(loaded.getStringValue(key("S"), QString()), QString::fromUtf8("ż\n\"7\""));
     EXPECT_FALSE(loaded.getBool(key("OLD")));
     ASSERT_TRUE(loaded.load(path));
-    EXPECT_EQ(news.count(), 1);
+    EXPECT_EQ(news.count(), 2);
 }
 
 TEST(Preference, LeaveOutWhatIsNoSetting)
