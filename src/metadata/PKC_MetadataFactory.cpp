@@ -4,6 +4,7 @@
 #include "metadata/PKC_DeletedPanels.h"
 #include "metadata/PKC_ExposurePoints.h"
 #include "metadata/PKC_SceneInfo.h"
+#include "metadata/PKC_SoundAnnotation.h"
 #include "tracking/PKC_Tracking.h"
 
 namespace
@@ -28,6 +29,7 @@ constexpr RecordType recordTypes[] = {
     {QLatin1String("panelInfo"), make<PKC_ClipInfo>},
     {QLatin1String("exposurePoints"), make<PKC_ExposurePoints>},
     {QLatin1String("tracking"), make<PKC_Tracking>},
+    {QLatin1String("soundAnnotation"), make<PKC_SoundAnnotation>},
     {QLatin1String("deletedPanels"), make<PKC_DeletedPanels>},
 };
 

@@ -4,6 +4,8 @@
 #include "support/Payloads.h"
 #include "support/Records.h"
 
+#include <QStringList>
+
 #include <gtest/gtest.h>
 
 namespace
