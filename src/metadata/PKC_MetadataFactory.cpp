@@ -1,5 +1,6 @@
 #include "metadata/PKC_MetadataFactory.h"
 
+#include "layers/PKC_LayerInfos.h"
 #include "metadata/PKC_ClipInfo.h"
 #include "metadata/PKC_DeletedPanels.h"
 #include "metadata/PKC_ExposurePoints.h"
@@ -29,6 +30,7 @@ constexpr RecordType recordTypes[] = {
     {QLatin1String("panelInfo"), make<PKC_ClipInfo>},
     {QLatin1String("exposurePoints"), make<PKC_ExposurePoints>},
     {QLatin1String("tracking"), make<PKC_Tracking>},
+    {QLatin1String("layerInfos"), make<PKC_LayerInfos>},
     {QLatin1String("soundAnnotation"), make<PKC_SoundAnnotation>},
     {QLatin1String("deletedPanels"), make<PKC_DeletedPanels>},
 };
