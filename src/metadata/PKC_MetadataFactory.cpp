@@ -6,6 +6,7 @@
 #include "metadata/PKC_ExposurePoints.h"
 #include "metadata/PKC_SceneInfo.h"
 #include "metadata/PKC_SoundAnnotation.h"
+#include "naming/PKC_NamingRules.h"
 #include "tracking/PKC_Tracking.h"
 
 namespace
@@ -31,6 +32,7 @@ constexpr RecordType recordTypes[] = {
     {QLatin1String("exposurePoints"), make<PKC_ExposurePoints>},
     {QLatin1String("tracking"), make<PKC_Tracking>},
     {QLatin1String("layerInfos"), make<PKC_LayerInfos>},
+    {QLatin1String("namingRules"), make<PKC_NamingRules>},
     {QLatin1String("soundAnnotation"), make<PKC_SoundAnnotation>},
     {QLatin1String("deletedPanels"), make<PKC_DeletedPanels>},
 };

@@ -1,5 +1,6 @@
 #include "metadata/RecordAttributes_p.h"
 
+#include "scene/metadata/PO_Utils.h"
 #include "scene/metadata/PO_XmlWriter.h"
 
 #include <QDateTime>
@@ -12,6 +13,11 @@
 int RecordAttributes::intOf(const QXmlAttributes &attributes, const QString &key)
 {
     return attributes.value(key).toInt(nullptr, 10);
+}
+
+bool RecordAttributes::readBool(const QXmlAttributes &attributes, const QString &key, bool &value)
+{
+    return PO_Utils::parseBoolAttr(attributes.value(key), value);
 }
 
 bool RecordAttributes::readInt(const QXmlAttributes &attributes, const QString &key, int &value)

@@ -17,9 +17,10 @@ namespace RecordAttributes
 /// 0 for an absent attribute and for what is no number of 32 bits.
 int intOf(const QXmlAttributes &attributes, const QString &key);
 
-/// @name Numbers that must be good
-/// False for an absent attribute and for what is no number, and @p value is then as it was.
+/// @name Values that must be good
+/// False for an absent attribute and for what is no such value, and @p value is then as it was.
 /// @{
+bool readBool(const QXmlAttributes &attributes, const QString &key, bool &value);
 bool readInt(const QXmlAttributes &attributes, const QString &key, int &value);
 bool readDouble(const QXmlAttributes &attributes, const QString &key, double &value);
 /// What is not finite in single precision is not good either.

@@ -6,7 +6,6 @@
 #include "metadata/RecordReader_p.h"
 #include "scene/base/whoami.h"
 #include "scene/metadata/PIO_WritingContext.h"
-#include "scene/metadata/PO_Utils.h"
 #include "scene/metadata/PO_XmlWriter.h"
 
 #include <QXmlAttributes>
@@ -30,7 +29,7 @@ protected:
     {
         if (localName != PKC_Tracking::kPIO_PKMETA_Keyword)
             return;
-        PO_Utils::parseBoolAttr(attributes.value(kTrackingFlag), tracking.m_isTracked);
+        RecordAttributes::readBool(attributes, kTrackingFlag, tracking.m_isTracked);
         tracking.setTrackingDate(RecordAttributes::dateOf(attributes, kTrackingDate));
         tracking.setTrackingNote(attributes.value(kTrackingNote));
     }
