@@ -4,6 +4,7 @@
 #include "metadata/PKC_ClipInfo.h"
 #include "metadata/PKC_DeletedPanels.h"
 #include "metadata/PKC_ExposurePoints.h"
+#include "metadata/PKC_ReferenceToolData.h"
 #include "metadata/PKC_SceneInfo.h"
 #include "metadata/PKC_SoundAnnotation.h"
 #include "naming/PKC_NamingRules.h"
@@ -34,6 +35,7 @@ constexpr RecordType recordTypes[] = {
     {QLatin1String("layerInfos"), make<PKC_LayerInfos>},
     {QLatin1String("namingRules"), make<PKC_NamingRules>},
     {QLatin1String("soundAnnotation"), make<PKC_SoundAnnotation>},
+    {QLatin1String("referenceToolData"), make<PKC_ReferenceToolData>},
     {QLatin1String("deletedPanels"), make<PKC_DeletedPanels>},
 };
 
