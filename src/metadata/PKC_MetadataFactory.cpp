@@ -4,6 +4,8 @@
 #include "metadata/PKC_ClipInfo.h"
 #include "metadata/PKC_DeletedPanels.h"
 #include "metadata/PKC_ExposurePoints.h"
+#include "metadata/PKC_ProjectCompatibility.h"
+#include "metadata/PKC_ProjectLinkInfo.h"
 #include "metadata/PKC_ReferenceToolData.h"
 #include "metadata/PKC_SceneInfo.h"
 #include "metadata/PKC_SoundAnnotation.h"
@@ -37,6 +39,8 @@ constexpr RecordType recordTypes[] = {
     {QLatin1String("soundAnnotation"), make<PKC_SoundAnnotation>},
     {QLatin1String("referenceToolData"), make<PKC_ReferenceToolData>},
     {QLatin1String("deletedPanels"), make<PKC_DeletedPanels>},
+    {QLatin1String("projectLinkInfo"), make<PKC_ProjectLinkInfo>},
+    {QLatin1String("projectCompatibilityIssue"), make<PKC_ProjectCompatibility>},
 };
 
 } // namespace

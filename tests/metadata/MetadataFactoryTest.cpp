@@ -1,16 +1,27 @@
 #include "metadata/PKC_MetadataFactory.h"
 
+#include "layers/PKC_LayerInfos.h"
 #include "metadata/PKC_ClipInfo.h"
+#include "metadata/PKC_DeletedPanels.h"
+#include "metadata/PKC_ExposurePoints.h"
+#include "metadata/PKC_ProjectCompatibility.h"
+#include "metadata/PKC_ProjectLinkInfo.h"
+#include "metadata/PKC_ReferenceToolData.h"
 #include "metadata/PKC_SceneInfo.h"
+#include "metadata/PKC_SoundAnnotation.h"
+#include "naming/PKC_NamingRules.h"
 #include "scene/metadata/PIO_MetadataInt.h"
 #include "scene/metadata/PIO_MetadataUnknown.h"
 #include "support/Payloads.h"
 #include "support/Records.h"
+#include "tracking/PKC_Tracking.h"
 
 #include <gtest/gtest.h>
 
 #include <memory>
+#include <string>
 #include <type_traits>
+#include <typeinfo>
 
 namespace
 {
@@ -31,6 +42,17 @@ std::unique_ptr<PIO_Metadata> loaded(const QString &type, const QString &payload
     return std::move(result.record);
 }
 
+/// The type names exactly this class, and a record made in code has this version.
+template <typename Record>
+void expectMade(const char *type, const char *version)
+{
+    const auto record = made(QString::fromLatin1(type));
+    ASSERT_TRUE(record) << type;
+    EXPECT_TRUE(typeid(*record) == typeid(Record)) << type;
+    EXPECT_EQ(textsOf(*record), type + std::string(" 'n' 'c' '0.1'"));
+    EXPECT_EQ(textsOf(Record()), type + std::string(" '' 'plotka-tests' '") + version + "'");
+}
+
 } // namespace
 
 TEST(MetadataFactory, IsOneAndRegistered)
@@ -47,8 +69,17 @@ TEST(MetadataFactory, IsOneAndRegistered)
 
 TEST(MetadataFactory, MakesTheClassOfAType)
 {
-    EXPECT_NE(dynamic_cast<PKC_SceneInfo *>(made(PKC_SceneInfo::kPIO_PKMETA_Keyword).get()), nullptr);
-    EXPECT_NE(dynamic_cast<PKC_ClipInfo *>(made(PKC_ClipInfo::kPIO_PKMETA_Keyword).get()), nullptr);
+    expectMade<PKC_SceneInfo>("sceneInfo", "1.0");
+    expectMade<PKC_ClipInfo>("panelInfo", "1.0");
+    expectMade<PKC_ExposurePoints>("exposurePoints", "1.0");
+    expectMade<PKC_Tracking>("tracking", "1.0");
+    expectMade<PKC_LayerInfos>("layerInfos", "1.0");
+    expectMade<PKC_NamingRules>("namingRules", "2.0");
+    expectMade<PKC_SoundAnnotation>("soundAnnotation", "1.0");
+    expectMade<PKC_ReferenceToolData>("referenceToolData", "1.0");
+    expectMade<PKC_DeletedPanels>("deletedPanels", "1.0");
+    expectMade<PKC_ProjectLinkInfo>("projectLinkInfo", "1.0");
+    expectMade<PKC_ProjectCompatibility>("projectCompatibilityIssue", "1.0");
 }
 
 TEST(MetadataFactory, HandsOnNameCreatorAndVersion)
