@@ -150,7 +150,7 @@ private:
     {
         if (!isValueExpected())
             return refuseUnexpected();
-        const qsizetype afterSign = m_at + (c == '-' ? 1 : 0);
+        const qsizetype afterSign = m_at + (c == '-' || c == '+' ? 1 : 0); // numbers have no plus, words may
         const bool isWord = afterSign < m_text.size() && isWordPart(m_text[afterSign]) && !isDigit(m_text[afterSign]);
         if (!(isWord ? copyWord(afterSign) : copyNumber(afterSign)))
             return false;
@@ -214,12 +214,18 @@ private:
         return true;
     }
 
-    // Of a number outside the range of a double: whether it is too near to 0 rather than too far.
+    // Of a number outside the range of a double: whether it is too near to 0 rather than too far. The power
+    // of ten of its first digit tells.
     static bool isTiny(const char *first, const char *last)
     {
-        const char *digits = *first == '-' ? first + 1 : first;
-        const char *exponent = std::find_if(digits, last, [](char c) { return c == 'e' || c == 'E'; });
-        return exponent == last ? *digits == '0' : exponent + 1 < last && exponent[1] == '-';
+        const char *mark = std::find_if(first, last, [](char c) { return c == 'e' || c == 'E'; });
+        const char *point = std::find(first, mark, '.');
+        const char *digit = std::find_if(first, mark, [](char c) { return c >= '1' && c <= '9'; });
+        const char *power = std::find_if(mark, last, [](char c) { return c == '-' || isDigit(c); });
+        int exponent = 0;
+        if (std::from_chars(power, last, exponent).ec == std::errc::result_out_of_range)
+            return *power == '-'; // there are fewer digits than that
+        return point - digit + qint64(exponent) < 0;
     }
 
     bool isValueExpected() const { return m_next == Value || m_next == ValueOrEnd; }

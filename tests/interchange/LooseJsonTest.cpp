@@ -40,12 +40,13 @@ TEST(LooseJson, ReadsPlainJson)
 TEST(LooseJson, ReadsNumbersThatAreNoneAsNull)
 {
     const LooseJson json =
-        LooseJson::parse("{\"a\":NaN,\"b\":Inf,\"c\":-Inf,\"d\":Infinity,\"e\":-Infinity,\"f\":-NaN,\"g\":1e999}");
+        LooseJson::parse("{\"a\":NaN,\"b\":Inf,\"c\":-Inf,\"d\":Infinity,\"e\":-Infinity,\"f\":-NaN,\"g\":1e999,"
+                         "\"h\":+NaN,\"i\":+Inf,\"j\":+Infinity}");
     EXPECT_EQ(json.error.toStdString(), "");
-    EXPECT_EQ(json.notFinite, 7);
+    EXPECT_EQ(json.notFinite, 10);
     for (const QJsonValue &value : json.root)
         EXPECT_TRUE(value.isNull());
-    EXPECT_EQ(json.root.size(), 7);
+    EXPECT_EQ(json.root.size(), 10);
 }
 
 TEST(LooseJson, LeavesStringsAlone)
@@ -96,6 +97,8 @@ TEST(LooseJson, TellsWhereTheTextIsWrong)
     EXPECT_EQ(errorOf("{\"a\":[1}}"), "1:8 a comma or ] is expected here");
     EXPECT_EQ(errorOf("{\"a\":1 /* x */}"), "1:8 a comma or } is expected here");
     EXPECT_EQ(errorOf("{\"a\":+1}"), "1:6 this is no number");
+    EXPECT_EQ(errorOf("{\"a\":+}"), "1:6 a value is expected here");
+    EXPECT_EQ(errorOf("{\"a\":+true}"), "1:6 true is no value");
     EXPECT_EQ(errorOf("{\"a\":1.2.3}"), "1:6 this is no number");
     EXPECT_EQ(errorOf("{} {}"), "1:4 nothing is expected after the end of the object");
     EXPECT_EQ(errorOf("{\"a\": \"b"), "1:7 the text ends within this string");
@@ -116,6 +119,15 @@ TEST(LooseJson, CountsColumnsInCharacters)
 TEST(LooseJson, ReadsNumbersTooNearToNothingAsNothing)
 {
     EXPECT_EQ(compact("{\"a\":1e-999,\"b\":-0." + QByteArray(400, '0') + "1}"), "{\"a\":0,\"b\":0}");
+}
+
+TEST(LooseJson, TellsTooFarFromTooNearByTheNumberAndNotByItsExponent)
+{
+    const LooseJson json =
+        LooseJson::parse("{\"a\":1" + QByteArray(400, '0') + "e-50,\"b\":-0." + QByteArray(700, '0') + "1e+50}");
+    EXPECT_TRUE(json.root.value(QLatin1String("a")).isNull());
+    EXPECT_EQ(json.root.value(QLatin1String("b")).toDouble(-1), 0.0);
+    EXPECT_EQ(json.notFinite, 1);
 }
 
 TEST(LooseJson, RefusesWhatIsNoText)
