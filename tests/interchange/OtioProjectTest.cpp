@@ -217,6 +217,8 @@ TEST(OtioProject, IsNamedAsAFileCanBe)
     EXPECT_EQ(projectName(QStringLiteral("../up")), QStringLiteral("-up"));
     EXPECT_EQ(projectName(QStringLiteral(" two \n lines ")), QStringLiteral("two lines"));
     EXPECT_EQ(projectName(QString(), QStringLiteral("the.file")), QStringLiteral("the.file"));
+    EXPECT_EQ(projectName(QStringLiteral(". .hidden")), QStringLiteral("hidden"));
+    EXPECT_EQ(projectName(QStringLiteral("\u007F.a\u009B2J\u0085b\u202Ec\u2066d\u2069")), QStringLiteral("a2J bcd"));
     EXPECT_EQ(projectName(QStringLiteral(".."), QStringLiteral("..")), QStringLiteral("Untitled"));
     const QString turtles = projectName(QStringLiteral("a") + QStringLiteral("\U0001F422").repeated(100));
     EXPECT_EQ(turtles, QStringLiteral("a") + QStringLiteral("\U0001F422").repeated(49));

@@ -33,13 +33,22 @@ private:
     TUSceneChangeManager *m_changeManager;
 };
 
+/// True for what acts on a terminal instead of being shown there: controls, and what turns the direction of writing.
+bool isControl(QChar unit)
+{
+    const char16_t code = unit.unicode();
+    return unit.category() == QChar::Other_Control || (code >= 0x202A && code <= 0x202E)
+        || (code >= 0x2066 && code <= 0x2069);
+}
+
 /// @p wanted as the name of a project and so of a file, which has at most 255 bytes with all that is appended to it.
 QString fileNameOf(const QString &wanted)
 {
     constexpr qsizetype mostBytes = 200;
     QString name = OtioText::storable(wanted).simplified();
+    name.removeIf(isControl);
     name.replace(u'/', u'-');
-    while (name.startsWith(u'.')) // would be hidden, or another folder
+    while (name.startsWith(u'.') || name.startsWith(u' ')) // would be hidden, or another folder
         name.remove(0, 1);
     name.truncate(mostBytes);
     while (name.toUtf8().size() > mostBytes)
