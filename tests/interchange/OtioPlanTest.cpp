@@ -130,6 +130,9 @@ TEST(OtioPlan, TakesTheRateOfTheStartThenOfTheTrackThenOfItsFirstItem)
     EXPECT_EQ(rateOf(timeline({track({clip("s", 12, 12)}, "Audio"), items})), "30");
     EXPECT_EQ(rateOf(timeline({track({clip("s", 12, 12)}, "Audio")})), "12");
     EXPECT_EQ(rateOf(timeline({track({track({gap(5, 50)})})})), "50");
+    EXPECT_EQ(rateOf(timeline({track({clip("A", 3000, 1001), clip("B", 1, 1000)})})), "1000");
+    EXPECT_EQ(rateOf(timeline({track({clip("A", 3, 0.5), clip("B", 25, 25)})})), "1/2");
+    EXPECT_EQ(rateOf(timeline({track({clip("A", 3, 0.001)})})), "1/1000");
     EXPECT_EQ(rateOf(timeline({})), "24");
 }
 

@@ -13,9 +13,10 @@ const QString kPlotka = QStringLiteral("plotka");
 const QString kAct = QStringLiteral("act");
 const QString kSequence = QStringLiteral("sequence");
 
+// Anything faster counts samples rather than frames.
 bool isFrameRate(const OtioTime::Rate &rate)
 {
-    return rate.isValid() && rate.numerator >= rate.denominator && rate.numerator <= 1000 * rate.denominator;
+    return rate.isValid() && rate.numerator <= 1000 * rate.denominator;
 }
 
 // Of its own range first, then of the first item in it that has a usable one.
