@@ -132,6 +132,16 @@ TEST(OtioNotes, TellNestedThingsWithoutAPlace)
     EXPECT_EQ(codes(read(timeline({track({clip("A", 5)}), track({deep}, "Audio")}))), "nested-on-layer");
     EXPECT_EQ(codes(read(timeline({track({track({clip("s", 5)}, "Audio")})}))), "nested-track empty-shot");
     EXPECT_EQ(codes(read(timeline({track({track({gap(5)})})}))), "empty-shot");
+TEST(OtioNotes, TellWhyATimelineIsEmpty)
+{
+    EXPECT_EQ(print(read(timeline({track({gap(5)})})).notes),
+        "change empty-timeline: track 1: no item of it makes a shot: the storyboard is empty\n");
+    const QJsonObject outside = with(track({gap(5)}), "source_range", range(-12, 6));
+    EXPECT_EQ(print(read(timeline({outside})).notes),
+        "change empty-timeline: track 1: no item of it makes a shot in its source range, 6.000 frames from -12.000: "
+        "the storyboard is empty\n");
+}
+
 }
 
 TEST(OtioNotes, TellWhatIsDisabled)

@@ -144,8 +144,7 @@ void OtioPlanner::planTimeline(const OtioNode &track, const OtioWindow &window, 
         }
     }
     if (m_plan.shots.empty())
-        m_notes.change(
-            "empty-timeline", track.place, OtioText::tr("no item of it makes a shot: the storyboard is empty"));
+        noteEmptyTimeline(track);
     addTransitions(stretches, m_plan, m_notes);
 }
 

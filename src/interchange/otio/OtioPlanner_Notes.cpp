@@ -4,13 +4,13 @@
 
 void OtioPlanner::noteEmptyTimeline(const OtioNode &track)
 {
-    if (!track.hasSourceRange || track.children.empty()) {
+    if (!track.hasSourceRange) {
         m_notes.change(
             "empty-timeline", track.place, OtioText::tr("no item of it makes a shot: the storyboard is empty"));
         return;
     }
     m_notes.change("empty-timeline", track.place,
-        OtioText::tr("its source range, %1 frames from frame %2, shows no item of it: the storyboard is empty")
+        OtioText::tr("no item of it makes a shot in its source range, %1 frames from %2: the storyboard is empty")
             .arg(positionText(track.duration), positionText(track.sourceStart)));
 }
 
