@@ -55,7 +55,8 @@ std::vector<OtioPanelPlan> panelsOf(const PKC_PlotkaProject &project, const Shot
         if (panel.isInvalid() || panel.shot() != shot || panel.relativeFirstFrame() < shotFrame)
             break;
         expectWarpFromOne(panel.frameBlock());
-        panels.push_back({panel.name(), panel.relativeFirstFrame(), panel.relativeLastFrame()});
+        panels.push_back(
+            {panel.name(), isEnabled(*panel.symbol()), panel.relativeFirstFrame(), panel.relativeLastFrame()});
         shotFrame = panel.relativeLastFrame() + 1;
     }
     return panels;

@@ -38,6 +38,8 @@ void printPanels(std::ostringstream &out, const OtioShotPlan &shot)
         out << separator;
         if (!panel.name.isEmpty())
             out << panel.name.toStdString() << ' ';
+        if (!panel.enabled)
+            out << "off ";
         out << panel.firstFrame << '-' << panel.lastFrame;
         separator = " ";
     }

@@ -79,8 +79,31 @@ TEST(OtioNotes, TellNamesOfGapsAndTransitions)
     const OtioReading reading = read(timeline({track({clip("A", 5), with(dissolve(1, 1), "name", QStringLiteral("d")),
         clip("B", 5), with(gap(2), "name", QStringLiteral("g"))})}));
     EXPECT_EQ(print(reading.notes),
-        "info name-without-place: track 1, item 2 (d): its name has no place\n"
-        "info name-without-place: track 1, item 4 (g): its name has no place\n");
+        "info name-without-place: track 1, item 4 (g): its name has no place\n"
+        "info name-without-place: track 1, item 2 (d): its name has no place\n");
+}
+
+TEST(OtioNotes, TellWhatAGapLosesWhereverItStands)
+{
+    const auto marked = [](const QJsonObject &item) { return with(item, "markers", QJsonArray{object("Marker.2")}); };
+    const QJsonObject plain = track({clip("A", 5)});
+    const QJsonObject ending = track({clip("A", 5), marked(gap(3))});
+    const QJsonObject instant = track({marked(gap(0)), clip("A", 5)});
+    EXPECT_EQ(codes(read(timeline({ending}))), "markers");
+    EXPECT_EQ(codes(read(timeline({instant}))), "markers no-frame");
+    EXPECT_EQ(codes(read(timeline({track({instant})}))), "markers no-frame");
+    EXPECT_EQ(codes(read(timeline({track({stack({instant})})}))), "markers no-frame");
+    EXPECT_EQ(codes(read(timeline({plain, instant}))), "markers no-frame");
+    EXPECT_EQ(codes(read(timeline({plain, with(instant, "kind", QStringLiteral("Audio"))}))), "markers no-frame");
+
+    const QJsonObject trimmed = with(ending, "source_range", range(0, 5));
+    EXPECT_EQ(codes(read(timeline({trimmed}))), "markers");
+    EXPECT_EQ(codes(read(timeline({track({trimmed})}))), "markers");
+    EXPECT_EQ(codes(read(timeline({plain, trimmed}))), "markers");
+
+    const QJsonObject beside = with(marked(gap(5)), "name", QStringLiteral("wait"));
+    EXPECT_EQ(codes(read(stack({plain, beside}))), "name-without-place markers");
+    EXPECT_EQ(codes(read(timeline({track({stack({plain, beside})})}))), "name-without-place markers");
 }
 
 TEST(OtioNotes, TellTransitionsOfOtherTypes)
@@ -109,6 +132,16 @@ TEST(OtioNotes, TellWhatLastsNoFrame)
     EXPECT_EQ(codes(read(timeline({track({clip("A", 5), without(clip("B", 1), "source_range")})}))), "no-length");
 }
 
+TEST(OtioNotes, TellWhyATimelineIsEmpty)
+{
+    EXPECT_EQ(print(read(timeline({track({gap(5)})})).notes),
+        "change empty-timeline: track 1: no item of it makes a shot: the storyboard is empty\n");
+    const QJsonObject outside = with(track({gap(5)}), "source_range", range(-12, 6));
+    EXPECT_EQ(print(read(timeline({outside})).notes),
+        "change empty-timeline: track 1: no item of it makes a shot in its source range, 6.000 frames from -12.000: "
+        "the storyboard is empty\n");
+}
+
 TEST(OtioNotes, TellWhatIsRounded)
 {
     EXPECT_EQ(notesOf(clip("A", 5.5)),
@@ -132,16 +165,6 @@ TEST(OtioNotes, TellNestedThingsWithoutAPlace)
     EXPECT_EQ(codes(read(timeline({track({clip("A", 5)}), track({deep}, "Audio")}))), "nested-on-layer");
     EXPECT_EQ(codes(read(timeline({track({track({clip("s", 5)}, "Audio")})}))), "nested-track empty-shot");
     EXPECT_EQ(codes(read(timeline({track({track({gap(5)})})}))), "empty-shot");
-TEST(OtioNotes, TellWhyATimelineIsEmpty)
-{
-    EXPECT_EQ(print(read(timeline({track({gap(5)})})).notes),
-        "change empty-timeline: track 1: no item of it makes a shot: the storyboard is empty\n");
-    const QJsonObject outside = with(track({gap(5)}), "source_range", range(-12, 6));
-    EXPECT_EQ(print(read(timeline({outside})).notes),
-        "change empty-timeline: track 1: no item of it makes a shot in its source range, 6.000 frames from -12.000: "
-        "the storyboard is empty\n");
-}
-
 }
 
 TEST(OtioNotes, TellWhatIsDisabled)
@@ -149,9 +172,8 @@ TEST(OtioNotes, TellWhatIsDisabled)
     const QJsonObject off = with(clip("", 5), "enabled", false);
     EXPECT_EQ(
         notesOf(off), "info disabled: track 1, item 1: it is disabled, which its scenes or sounds are marked with\n");
-    EXPECT_EQ(codes(read(timeline({track({track({off})})}))), "disabled-panel");
-    EXPECT_EQ(
-        codes(read(timeline({track({stack({with(track({clip("p", 5)}), "enabled", false)})})}))), "disabled-panel");
+    EXPECT_EQ(codes(read(timeline({track({track({off})})}))), "disabled");
+    EXPECT_EQ(codes(read(timeline({track({stack({with(track({clip("p", 5)}), "enabled", false)})})}))), "disabled");
     EXPECT_EQ(codes(read(timeline({track({clip("A", 5)}), track({off}, "Audio")}))), "disabled-sound");
     EXPECT_EQ(codes(read(timeline({track({clip("A", 5)}), with(track({clip("", 5)}, "Audio"), "enabled", false)}))),
         "disabled");
@@ -217,6 +239,13 @@ TEST(OtioNotes, TellTheRestOfACollection)
     const QJsonObject collection = with(with(object("SerializableCollection.1"), "children", QJsonArray{clip("A", 5)}),
         "metadata", QJsonObject{{QStringLiteral("x"), 1}});
     EXPECT_EQ(codes(read(collection)), "metadata");
+    const QJsonObject named = with(with(collection, "name", QStringLiteral("reel")), "metadata", QJsonObject());
+    EXPECT_EQ(print(read(named).notes), "info name-without-place: collection (reel): its name has no place\n");
+    for (const char *field : {"markers", "effects"}) {
+        EXPECT_EQ(print(read(with(with(collection, "metadata", QJsonObject()), field, QJsonArray{1})).notes),
+            std::string("loss unknown-field: collection: fields without a place: ") + field + "\n");
+    }
+    EXPECT_EQ(codes(read(with(collection, "source_range", range(0, 2)))), "metadata unknown-field");
 }
 
 TEST(OtioNotes, KeepWhatPeopleReadShort)

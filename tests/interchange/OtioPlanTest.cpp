@@ -183,6 +183,11 @@ TEST(OtioPlan, MarksWhatIsDisabled)
     EXPECT_EQ(print(read(timeline({with(items, "enabled", false), items})).plan), "A off 1-5 (1-5)\nlayer : A 1-5");
     const QJsonObject allOff = with(timeline({items, items}), "tracks", with(stack({items, items}), "enabled", false));
     EXPECT_EQ(print(read(allOff).plan), "A off 1-5 (1-5)\nlayer off : A off 1-5");
+
+    EXPECT_EQ(planOf({track({clip("p", 5), off}, "Video", "N")}), "N 1-10 (p 1-5 B off 6-10)");
+    EXPECT_EQ(planOf({stack({with(items, "enabled", false)})}), " 1-5 (A off 1-5)");
+    EXPECT_EQ(
+        planOf({with(track({clip("p", 5), off}, "Video", "N"), "enabled", false)}), "N off 1-10 (p 1-5 B off 6-10)");
 }
 
 TEST(OtioPlan, TakesActAndSequenceFromItsOwnMetadata)

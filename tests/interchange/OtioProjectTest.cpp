@@ -117,10 +117,12 @@ TEST(OtioProject, DropsCharactersThatNoFileHolds)
 TEST(OtioProject, MarksWhatIsDisabled)
 {
     const auto off = [](const QJsonObject &object) { return with(object, "enabled", false); };
-    const ImportedCut cut(timeline({track({off(clip("A", 5)), clip("B", 5)}), off(track({clip("l", 5)}, "Video", "V")),
-        off(track({clip("s", 9)}, "Audio", "S")), track({clip("t", 7)}, "Audio", "T")}));
+    const QJsonObject nested = track({off(clip("p", 2)), clip("q", 3)}, "Video", "N");
+    const ImportedCut cut(
+        timeline({track({off(clip("A", 5)), clip("B", 5), nested}), off(track({clip("l", 5)}, "Video", "V")),
+            off(track({clip("s", 9)}, "Audio", "S")), track({clip("t", 7)}, "Audio", "T")}));
     EXPECT_EQ(print(planOf(cut.project())),
-        "A off 1-5 (1-5) | B 6-10 (1-5)\n"
+        "A off 1-5 (1-5) | B 6-10 (1-5) | N 11-15 (p off 1-2 q 3-5)\n"
         "layer off V: l off 1-5\n"
         "sound off S: s 1-9\n"
         "sound T: t 1-7");
@@ -215,10 +217,10 @@ TEST(OtioProject, IsNamedAsAFileCanBe)
     EXPECT_EQ(projectName(QStringLiteral("Żółw: part 1")), QStringLiteral("Żółw: part 1"));
     EXPECT_EQ(projectName(QStringLiteral("a/b/../c")), QStringLiteral("a-b-..-c"));
     EXPECT_EQ(projectName(QStringLiteral("../up")), QStringLiteral("-up"));
-    EXPECT_EQ(projectName(QStringLiteral(" two \n lines ")), QStringLiteral("two lines"));
-    EXPECT_EQ(projectName(QString(), QStringLiteral("the.file")), QStringLiteral("the.file"));
     EXPECT_EQ(projectName(QStringLiteral(". .hidden")), QStringLiteral("hidden"));
     EXPECT_EQ(projectName(QStringLiteral("\u007F.a\u009B2J\u0085b\u202Ec\u2066d\u2069")), QStringLiteral("a2J bcd"));
+    EXPECT_EQ(projectName(QStringLiteral(" two \n lines ")), QStringLiteral("two lines"));
+    EXPECT_EQ(projectName(QString(), QStringLiteral("the.file")), QStringLiteral("the.file"));
     EXPECT_EQ(projectName(QStringLiteral(".."), QStringLiteral("..")), QStringLiteral("Untitled"));
     const QString turtles = projectName(QStringLiteral("a") + QStringLiteral("\U0001F422").repeated(100));
     EXPECT_EQ(turtles, QStringLiteral("a") + QStringLiteral("\U0001F422").repeated(49));

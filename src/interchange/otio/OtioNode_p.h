@@ -61,7 +61,8 @@ struct OtioCut {
     QString name;
     OtioTime start;
     OtioTime::Rate startRate;
-    OtioNode timeline; ///< name, metadata and other fields of the timeline object; nothing else
+    OtioNode collection; ///< name, metadata and other fields of what the cut was found in; nothing else
+    OtioNode timeline;   ///< the same of the timeline object
     OtioNode stack;
 };
 

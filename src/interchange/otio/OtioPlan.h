@@ -16,6 +16,7 @@
 /// A panel of a shot, in frames of the shot: its block covers firstFrame to lastFrame.
 struct OtioPanelPlan {
     QString name; ///< empty: no name of its own
+    bool enabled = true;
     unsigned int firstFrame = 0;
     unsigned int lastFrame = 0;
 

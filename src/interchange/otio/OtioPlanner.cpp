@@ -49,6 +49,8 @@ OtioPlan OtioPlanner::plan(const OtioCut &cut, const UT_FrameRate *wantedRate)
     else
         chooseRate(cut);
     planStart(cut);
+    noteName(cut.collection);
+    noteRemainder(cut.collection);
     noteRemainder(cut.timeline);
     if (!stack.isImplied && cut.name != stack.name)
         noteName(stack);
@@ -64,10 +66,11 @@ OtioPlan OtioPlanner::plan(const OtioCut &cut, const UT_FrameRate *wantedRate)
     }
     for (const OtioNode &track : stack.children) {
         if (track.trackKind == OtioNode::OtherTrack) {
-            if (!track.isImplied) {
+            if (track.isImplied)
+                noteGaps(track);
+            else
                 m_notes.loss("other-track", track.place,
                     OtioText::tr("a track of kind %1 has no place").arg(OtioText::brief(track.type)));
-            }
             continue;
         }
         noteTrack(track);
@@ -134,8 +137,6 @@ void OtioPlanner::planTimeline(const OtioNode &track, const OtioWindow &window, 
         if (frames.isEmpty())
             continue;
         if (node.kind == OtioNode::Gap) {
-            noteName(node);
-            noteRemainder(node);
             stretches.push_back({OtioStretch::Gap, 0, nullptr, placed.start});
         } else {
             stretches.push_back(
@@ -160,7 +161,7 @@ void OtioPlanner::addShot(const OtioPlaced &placed, const Frames &frames, bool i
     if (node.isComposition())
         addPanels(placed, frames, shot);
     else
-        shot.panels.push_back({QString(), 1, shot.frameCount()});
+        shot.panels.push_back({QString(), /*enabled*/ true, 1, shot.frameCount()});
     m_plan.shots.push_back(std::move(shot));
 }
 
@@ -191,11 +192,13 @@ void OtioPlanner::addPanels(const OtioPlaced &nested, const Frames &frames, Otio
     const OtioNode &node = *nested.node;
     const OtioWindow window = windowOf(nested);
     if (node.kind == OtioNode::Track) {
-        if (node.trackKind == OtioNode::Video)
-            addPanelsOfTrack(node, window, frames, shot);
-        else
+        if (node.trackKind == OtioNode::Video) {
+            noteGaps(node);
+            addPanelsOfTrack(node, window, /*isEnabled*/ true, frames, shot); // whether it is, the shot says
+        } else {
             m_notes.loss("nested-track", node.place,
                 OtioText::tr("a track within a shot has no place unless it is of kind Video"));
+        }
     } else {
         const OtioNode *shown = findFirstVideoTrack(node);
         for (const OtioNode &track : node.children) {
@@ -203,10 +206,11 @@ void OtioPlanner::addPanels(const OtioPlaced &nested, const Frames &frames, Otio
                 noteTrack(track);
                 if (!track.isImplied)
                     noteName(track);
-                if (!track.isEnabled)
-                    m_notes.loss("disabled-panel", track.place, OtioText::tr("panels cannot be disabled"));
-                addPanelsOfTrack(track, windowOnChildren(node, window), frames, shot);
-            } else if (!track.isImplied || track.trackKind != OtioNode::OtherTrack) {
+                const bool isEnabled = noteEnabled(track, true);
+                addPanelsOfTrack(track, windowOnChildren(node, window), isEnabled, frames, shot);
+            } else if (track.isImplied && track.trackKind == OtioNode::OtherTrack) {
+                noteGaps(track);
+            } else {
                 m_notes.loss("nested-track", track.place,
                     OtioText::tr("a shot shows only its first video track; this one is left out"));
             }
@@ -216,30 +220,21 @@ void OtioPlanner::addPanels(const OtioPlaced &nested, const Frames &frames, Otio
 }
 
 void OtioPlanner::addPanelsOfTrack(
-    const OtioNode &track, const OtioWindow &window, const Frames &frames, OtioShotPlan &shot)
+    const OtioNode &track, const OtioWindow &window, bool isEnabled, const Frames &frames, OtioShotPlan &shot)
 {
-    for (const OtioPlaced &placed : placeTrack(track, window, m_notes)) {
-        const OtioNode &node = *placed.node;
-        if (node.kind == OtioNode::Transition) {
-            m_notes.loss("transition-in-shot", node.place, OtioText::tr("panels cut; the transition is left out"));
-            continue;
-        }
-        const Frames absolute = framesOf(placed);
+    const std::vector<Shown> items =
+        itemsOf(track, window, "transition-in-shot", OtioText::tr("panels cut; the transition is left out"));
+    for (const Shown &item : items) {
+        const OtioNode &node = *item.node;
         // The end of a shot may have been cut at the last frame there is.
-        const Frames inShot{absolute.first - frames.first, std::min(absolute.end, frames.end) - frames.first};
-        if (absolute.isEmpty() || inShot.isEmpty())
+        const Frames inShot{item.frames.first - frames.first, std::min(item.frames.end, frames.end) - frames.first};
+        if (inShot.isEmpty())
             continue;
-        noteRemainder(node);
-        if (node.kind == OtioNode::Gap) {
-            noteName(node);
-            continue;
-        }
-        if (!node.isEnabled)
-            m_notes.loss("disabled-panel", node.place, OtioText::tr("a panel cannot be disabled"));
         if (node.isComposition())
             m_notes.loss(
                 "nested-too-deep", node.place, OtioText::tr("it becomes one panel; what it holds has no place"));
-        shot.panels.push_back({node.name, heldFrame(inShot.first + 1), heldFrame(inShot.end)});
+        shot.panels.push_back(
+            {node.name, noteEnabled(node, isEnabled), heldFrame(inShot.first + 1), heldFrame(inShot.end)});
     }
 }
 
@@ -248,26 +243,15 @@ void OtioPlanner::planVideoTrack(const OtioNode &track, const OtioWindow &window
     OtioTrackPlan planned;
     planned.name = track.name;
     planned.enabled = isEnabled;
-    for (const OtioPlaced &placed : placeTrack(track, window, m_notes)) {
-        const OtioNode &node = *placed.node;
-        if (node.kind == OtioNode::Transition) {
-            m_notes.loss(
-                "transition-on-layer", node.place, OtioText::tr("clips of a layer cut; the transition is left out"));
-            continue;
-        }
-        const Frames frames = framesOf(placed);
-        if (frames.isEmpty())
-            continue;
-        noteRemainder(node);
-        if (node.kind == OtioNode::Gap) {
-            noteName(node);
-            continue;
-        }
+    const std::vector<Shown> items =
+        itemsOf(track, window, "transition-on-layer", OtioText::tr("clips of a layer cut; the transition is left out"));
+    for (const Shown &item : items) {
+        const OtioNode &node = *item.node;
         if (node.isComposition())
             m_notes.loss(
                 "nested-on-layer", node.place, OtioText::tr("it becomes one clip; what it holds has no place"));
         planned.clips.push_back(
-            {node.name, noteEnabled(node, isEnabled), heldFrame(frames.first + 1), heldFrame(frames.end)});
+            {node.name, noteEnabled(node, isEnabled), heldFrame(item.frames.first + 1), heldFrame(item.frames.end)});
     }
     m_plan.videoTracks.push_back(std::move(planned));
 }
@@ -277,29 +261,38 @@ void OtioPlanner::planSoundTrack(const OtioNode &track, const OtioWindow &window
     OtioTrackPlan planned;
     planned.name = track.name;
     planned.enabled = isEnabled;
-    for (const OtioPlaced &placed : placeTrack(track, window, m_notes)) {
-        const OtioNode &node = *placed.node;
-        if (node.kind == OtioNode::Transition) {
-            m_notes.loss("transition-in-sound", node.place, OtioText::tr("sounds have no transitions; it is left out"));
-            continue;
-        }
-        const Frames frames = framesOf(placed);
-        if (frames.isEmpty())
-            continue;
-        noteRemainder(node);
-        if (node.kind == OtioNode::Gap) {
-            noteName(node);
-            continue;
-        }
+    const std::vector<Shown> items =
+        itemsOf(track, window, "transition-in-sound", OtioText::tr("sounds have no transitions; it is left out"));
+    for (const Shown &item : items) {
+        const OtioNode &node = *item.node;
         if (!node.isEnabled)
             m_notes.loss("disabled-sound", node.place, OtioText::tr("a single sound cannot be disabled"));
         if (node.isComposition())
             m_notes.loss(
                 "nested-on-layer", node.place, OtioText::tr("it becomes one sound; what it holds has no place"));
         planned.clips.push_back(
-            {node.name, isEnabled && node.isEnabled, heldFrame(frames.first + 1), heldFrame(frames.end)});
+            {node.name, isEnabled && node.isEnabled, heldFrame(item.frames.first + 1), heldFrame(item.frames.end)});
     }
     m_plan.soundTracks.push_back(std::move(planned));
+}
+
+std::vector<OtioPlanner::Shown> OtioPlanner::itemsOf(
+    const OtioNode &track, const OtioWindow &window, const char *transitionCode, const QString &transitionMessage)
+{
+    std::vector<Shown> items;
+    for (const OtioPlaced &placed : placeTrack(track, window, m_notes)) {
+        const OtioNode &node = *placed.node;
+        if (node.kind == OtioNode::Transition) {
+            m_notes.loss(transitionCode, node.place, transitionMessage);
+            continue;
+        }
+        const Frames frames = framesOf(placed);
+        if (frames.isEmpty() || node.kind == OtioNode::Gap)
+            continue;
+        noteRemainder(node);
+        items.push_back({&node, frames});
+    }
+    return items;
 }
 
 OtioPlanner::Frames OtioPlanner::framesOf(const OtioPlaced &placed)

@@ -38,6 +38,17 @@ void OtioPlanner::noteTrack(const OtioNode &track)
 {
     if (!track.isImplied)
         noteRemainder(track);
+    noteGaps(track);
+}
+
+void OtioPlanner::noteGaps(const OtioNode &track)
+{
+    for (const OtioNode &node : track.children) {
+        if (node.kind != OtioNode::Gap)
+            continue;
+        noteName(node);
+        noteRemainder(node);
+    }
 }
 
 void OtioPlanner::noteName(const OtioNode &node)

@@ -25,6 +25,11 @@ private:
         bool isEmpty() const { return first >= end; }
     };
 
+    struct Shown {
+        const OtioNode *node = nullptr;
+        Frames frames;
+    };
+
     void chooseRate(const OtioCut &cut);
     void planStart(const OtioCut &cut);
     void planTimeline(const OtioNode &track, const OtioWindow &window, bool isEnabled);
@@ -34,15 +39,21 @@ private:
     void addShot(const OtioPlaced &placed, const Frames &frames, bool isEnabled);
     void takeShotNames(const OtioNode &node, OtioShotPlan &shot);
     void addPanels(const OtioPlaced &nested, const Frames &frames, OtioShotPlan &shot);
-    void addPanelsOfTrack(const OtioNode &track, const OtioWindow &window, const Frames &frames, OtioShotPlan &shot);
+    void addPanelsOfTrack(
+        const OtioNode &track, const OtioWindow &window, bool isEnabled, const Frames &frames, OtioShotPlan &shot);
     void notePanelGaps(const OtioNode &node, const OtioShotPlan &shot);
 
+    /// The clips, tracks and stacks that a track shows where transitions have no place, which this note then says.
+    std::vector<Shown> itemsOf(
+        const OtioNode &track, const OtioWindow &window, const char *transitionCode, const QString &transitionMessage);
     /// Whole frames of an item; notes rounding, and what has no frame or lies too late.
     Frames framesOf(const OtioPlaced &placed);
     bool noteEnabled(const OtioNode &node, bool isEnabled);
 
     void noteEmptyTimeline(const OtioNode &track);
     void noteTrack(const OtioNode &track);
+    /// What the gaps of a track carry, whether they are shown or not.
+    void noteGaps(const OtioNode &track);
     void noteName(const OtioNode &node);
     /// Markers, effects, metadata, media, in-points and unknown fields: none has a place.
     void noteRemainder(const OtioNode &node, const QJsonObject &metadata);

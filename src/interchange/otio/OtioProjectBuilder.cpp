@@ -122,10 +122,12 @@ void OtioProjectBuilder::addPanels(const OtioShotPlan &shot, TUScene &shotScene)
     TUSeqTimedValue *const panels = shotScene.addSeqTimedValue(QStringLiteral("Panels"));
     addLayer(shotScene, *panels);
     for (const OtioPanelPlan &panel : shot.panels) {
-        if (TUScene *const scene = placeScene(*panels, panel.firstFrame, panel.frameCount()))
+        if (TUScene *const scene = placeScene(*panels, panel.firstFrame, panel.frameCount())) {
             addClipName(*scene, panel.name);
-        else
+            addEnabled(*scene, panel.enabled);
+        } else {
             noteRefused(OtioText::tr("panel"), panel.name, panel.firstFrame);
+        }
     }
 }
 

@@ -122,8 +122,9 @@ void OtioReader::readTimeline(const QJsonObject &object, OtioCut &cut)
 
 bool OtioReader::readCollection(const QJsonObject &object, OtioCut &cut)
 {
-    OtioNode collection;
+    OtioNode &collection = cut.collection;
     collection.place = OtioText::tr("collection");
+    readCommon(object, collection, {kChildren});
     const QJsonArray children = readArray(object, kChildren, collection.place);
     const auto isCut = [](const QJsonValue &child) { return isCutSchema(schemaOf(child.toObject()).name); };
     const auto first = std::find_if(children.begin(), children.end(), isCut);
@@ -135,9 +136,6 @@ bool OtioReader::readCollection(const QJsonObject &object, OtioCut &cut)
         m_notes.loss("collection-rest", collection.place,
             OtioText::tr("only its first cut is read, %1 other objects are not").arg(children.size() - 1));
     }
-    readCommon(object, collection, {kChildren});
-    if (!collection.metadata.isEmpty() || !collection.otherFields.isEmpty())
-        m_notes.loss("metadata", collection.place, OtioText::tr("the metadata of a collection has no place"));
     return readTop(first->toObject(), cut);
 }
 
@@ -176,22 +174,22 @@ OtioNode OtioReader::readItem(const QJsonValue &value, const QString &place)
     bool isKnown = true;
     if (schema.name == QLatin1String("Clip")) {
         node.kind = OtioNode::Clip;
-        readCommon(object, node, {kMedia, kAllMedia, kActiveMedia});
+        readInTime(object, node, {kMedia, kAllMedia, kActiveMedia});
         readClipMedia(object, node);
     } else if (schema.name == QLatin1String("Gap")) {
-        readCommon(object, node, {});
+        readInTime(object, node, {});
     } else if (schema.name == QLatin1String("Transition")) {
         node.kind = OtioNode::Transition;
         readCommon(object, node, {kType, kInOffset, kOutOffset});
         readTransition(object, node);
     } else if (schema.name == QLatin1String("Track")) {
         node.kind = OtioNode::Track;
-        readCommon(object, node, {kChildren, kKind});
+        readInTime(object, node, {kChildren, kKind});
         readTrackKind(object, node);
         readTrackChildren(object, node);
     } else if (schema.name == QLatin1String("Stack")) {
         node.kind = OtioNode::Stack;
-        readCommon(object, node, {kChildren});
+        readInTime(object, node, {kChildren});
         readStackChildren(object, node);
     } else {
         // Its time is kept as a gap, so that what follows it stays where it is.
@@ -218,25 +216,26 @@ void OtioReader::readCommon(const QJsonObject &object, OtioNode &node, const QSt
         node.place += QStringLiteral(" (%1)").arg(OtioText::brief(node.name, 40));
     node.metadata = readObject(object, kMetadata, node.place);
 
-    QStringList known = ownFields;
-    known << kSchema << kName << kMetadata;
-    if (node.kind != OtioNode::Transition && !ownFields.contains(kTracks)) {
-        known << kSourceRange << kEffects << kMarkers << kEnabled;
-        const Range range = readRange(object, kSourceRange, node.place);
-        node.hasSourceRange = range.isGiven;
-        node.sourceStart = range.start;
-        node.duration = range.duration;
-        node.rate = range.rate;
-        node.isEnabled = readEnabled(object, node.place);
-        node.markerCount = readArray(object, kMarkers, node.place).size();
-        const QJsonArray effects = readArray(object, kEffects, node.place);
-        for (const QJsonValue &effect : effects)
-            node.effects << OtioText::brief(effect.toObject().value(kSchema).toString());
-    }
+    const QStringList known = ownFields + QStringList{kSchema, kName, kMetadata};
     for (auto field = object.begin(); field != object.end(); ++field) {
         if (!known.contains(field.key()) && !isEmptyValue(field.value()))
             node.otherFields << OtioText::brief(field.key());
     }
+}
+
+void OtioReader::readInTime(const QJsonObject &object, OtioNode &node, QStringList ownFields)
+{
+    readCommon(object, node, ownFields << kSourceRange << kEffects << kMarkers << kEnabled);
+    const Range range = readRange(object, kSourceRange, node.place);
+    node.hasSourceRange = range.isGiven;
+    node.sourceStart = range.start;
+    node.duration = range.duration;
+    node.rate = range.rate;
+    node.isEnabled = readEnabled(object, node.place);
+    node.markerCount = readArray(object, kMarkers, node.place).size();
+    const QJsonArray effects = readArray(object, kEffects, node.place);
+    for (const QJsonValue &effect : effects)
+        node.effects << OtioText::brief(effect.toObject().value(kSchema).toString());
 }
 
 void OtioReader::readStackChildren(const QJsonObject &object, OtioNode &stack)

@@ -34,7 +34,10 @@ private:
     void readStackOf(const QJsonObject &item, OtioCut &cut);
 
     OtioNode readItem(const QJsonValue &value, const QString &place);
+    /// What every object has. The fields that it has besides are read elsewhere; all others are unknown.
     void readCommon(const QJsonObject &object, OtioNode &node, const QStringList &ownFields);
+    /// What stands in time has a range, may be disabled, and carries markers and effects.
+    void readInTime(const QJsonObject &object, OtioNode &node, QStringList ownFields);
     void readStackChildren(const QJsonObject &object, OtioNode &stack);
     void readTrackChildren(const QJsonObject &object, OtioNode &track);
     void readTrackKind(const QJsonObject &object, OtioNode &track);
