@@ -154,7 +154,7 @@ Subcommand importCommand()
              QStringLiteral("DIR")},
             {QStringLiteral("rate"), CliText::tr("Frames per second instead of those of the cut."),
                 QStringLiteral("R")},
-            {QStringLiteral("report"), CliText::tr("Write all notes to a file, as JSON."), QStringLiteral("FILE")},
+            {QStringLiteral("report"), CliText::tr("Write the notes to a file, as JSON."), QStringLiteral("FILE")},
             {QStringLiteral("strict"), CliText::tr("Fail when something would be lost.")},
             {QStringLiteral("force"), CliText::tr("Replace a project that is there already.")}},
         runImport};

@@ -5,10 +5,6 @@
 #include "cli/DisplayWidth.h"
 #include "cli/JsonWriter.h"
 
-#include <QStringList>
-
-#include <algorithm>
-
 namespace
 {
 
@@ -35,8 +31,10 @@ QString lineText(const ImportNote &note)
 
 int ImportReport::count(ImportNote::Severity severity) const
 {
-    return static_cast<int>(std::count_if(
-        m_notes.begin(), m_notes.end(), [severity](const ImportNote &note) { return note.severity == severity; }));
+    int sum = 0;
+    for (const ImportNote &note : m_notes)
+        sum += note.severity == severity ? note.count : 0;
+    return sum;
 }
 
 QString ImportReport::jsonText(const QString &projectFile) const
@@ -65,9 +63,8 @@ void ImportReport::tell(ImportNote::Severity atLeast) const
     if (m_notes.empty())
         return;
     Console::tell(CliText::tr("notes: %1 loss, %2 change, %3 info")
-                      .arg(count(ImportNote::Loss))
-                      .arg(count(ImportNote::Change))
-                      .arg(count(ImportNote::Info)));
+                      .arg(QString::number(count(ImportNote::Loss)), QString::number(count(ImportNote::Change)),
+                          QString::number(count(ImportNote::Info))));
     constexpr int mostTold = 20;
     int untold = 0;
     int told = 0;
@@ -77,9 +74,9 @@ void ImportReport::tell(ImportNote::Severity atLeast) const
             Console::tell(lineText(note));
             ++told;
         } else if (isWanted) {
-            ++untold;
+            untold += note.count;
         }
     }
     if (untold > 0)
-        Console::tell(CliText::tr("and %1 more; --report FILE writes all of them").arg(untold));
+        Console::tell(CliText::tr("and %1 more; --report FILE writes them, the first 100 of each kind").arg(untold));
 }

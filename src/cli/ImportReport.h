@@ -12,12 +12,13 @@ class ImportReport
 public:
     ImportReport(QString input, std::vector<ImportNote> notes) : m_input(std::move(input)), m_notes(std::move(notes)) {}
 
+    /// Of what has no note of its own too.
     int count(ImportNote::Severity severity) const;
 
-    /// All notes, as JSON.
+    /// The notes, as JSON.
     QString jsonText(const QString &projectFile) const;
 
-    /// How many notes there are, and the first of those that are at least as severe as @p atLeast, on standard error.
+    /// How much there is to tell, and the first of those that are at least as severe as @p atLeast, on standard error.
     void tell(ImportNote::Severity atLeast) const;
 
 private:

@@ -13,4 +13,6 @@ struct ImportNote {
     /// Where in the file, for people: "track 1 (V1), item 3 (Clip-003)".
     QString item;
     QString message;
+    /// How many things it speaks of.
+    int count = 1;
 };

@@ -25,7 +25,8 @@ std::vector<ImportNote> ImportNotes::take()
         if (it->count <= mostOfOneCode)
             continue;
         const QString text = QCoreApplication::translate("ImportNotes", "and %1 more of this kind");
-        m_notes.push_back({it->severity, it.key(), QString(), text.arg(it->count - mostOfOneCode)});
+        const int more = it->count - mostOfOneCode;
+        m_notes.push_back({it->severity, it.key(), QString(), text.arg(more), more});
     }
     m_counts.clear();
     return std::exchange(m_notes, {});

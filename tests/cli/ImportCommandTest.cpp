@@ -185,6 +185,17 @@ TEST_F(ImportCommand, TellsWhatIsLost)
     EXPECT_TRUE(run.errors.contains("plotka: loss: ")) << run.errors.toStdString();
 }
 
+TEST_F(ImportCommand, CountsAllThatIsLost)
+{
+    const QByteArray clip = R"({"OTIO_SCHEMA": "Clip.2", "effects": [{}], "source_range": {"duration":
+ {"rate": 24, "value": 8}}})";
+    const QByteArray clips = (clip + ", ").repeated(149) + clip;
+    const CommandRun run = import(cut(R"({"OTIO_SCHEMA": "Track.1", "children": [)" + clips + "]}"));
+    EXPECT_EQ(run.exitCode, 0);
+    EXPECT_TRUE(run.errors.contains("plotka: notes: 150 loss, 0 change, 0 info\n")) << run.errors.toStdString();
+    EXPECT_TRUE(run.errors.contains("plotka: and 130 more; ")) << run.errors.toStdString();
+}
+
 TEST_F(ImportCommand, WritesNothingUnderStrictWhenSomethingIsLost)
 {
     const QString report = path(QStringLiteral("report.json"));

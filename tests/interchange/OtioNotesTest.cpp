@@ -265,4 +265,6 @@ TEST(OtioNotes, CountWhatNobodyWouldRead)
     EXPECT_EQ(reading.plan.shots.size(), 250U);
     ASSERT_EQ(reading.notes.size(), 101U);
     EXPECT_EQ(print({reading.notes.back()}), "loss source-in-point: : and 150 more of this kind\n");
+    EXPECT_EQ(reading.notes.front().count, 1);
+    EXPECT_EQ(reading.notes.back().count, 150);
 }
