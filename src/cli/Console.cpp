@@ -1,6 +1,7 @@
 #include "cli/Console.h"
 
 #include "cli/CliText.h"
+#include "cli/DisplayWidth.h"
 
 #include <cstdio>
 
@@ -27,7 +28,7 @@ bool Console::writeResult(const QString &text)
 
 void Console::tell(const QString &message)
 {
-    const QByteArray bytes = QStringLiteral("plotka: %1\n").arg(message).toUtf8();
+    const QByteArray bytes = QStringLiteral("plotka: %1\n").arg(DisplayWidth::printable(message)).toUtf8();
     std::fwrite(bytes.constData(), 1, static_cast<std::size_t>(bytes.size()), stderr);
 }
 

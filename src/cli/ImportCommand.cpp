@@ -94,8 +94,9 @@ ExitCode save(PKC_SessionContext &session, const ImportReport &report, const Ord
 
 void tellError(const QString &input, const OtioError &error)
 {
-    const QString place =
-        error.line > 0 ? QStringLiteral("%1:%2:%3").arg(input).arg(error.line).arg(error.column) : input;
+    const QString place = error.line > 0
+        ? QStringLiteral("%1:%2:%3").arg(input, QString::number(error.line), QString::number(error.column))
+        : input;
     Console::tell(CliText::tr("%1: error: %2").arg(place, error.message));
 }
 

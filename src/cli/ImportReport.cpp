@@ -2,7 +2,6 @@
 
 #include "cli/CliText.h"
 #include "cli/Console.h"
-#include "cli/DisplayWidth.h"
 #include "cli/JsonWriter.h"
 
 namespace
@@ -24,7 +23,7 @@ QString severityText(ImportNote::Severity severity)
 QString lineText(const ImportNote &note)
 {
     const QString item = note.item.isEmpty() ? QString() : note.item + QStringLiteral(": ");
-    return DisplayWidth::printable(severityText(note.severity) + QStringLiteral(": ") + item + note.message);
+    return severityText(note.severity) + QStringLiteral(": ") + item + note.message;
 }
 
 } // namespace

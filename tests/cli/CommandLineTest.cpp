@@ -101,6 +101,22 @@ TEST(CommandLine, SaysWhatATruncatedProjectLacks)
     expectRefusal({QStringLiteral("timeline"), half}, 3, "half.plotka:");
 }
 
+TEST(CommandLine, ShowsNothingOfAProjectThatATerminalWouldActOn)
+{
+    const ProjectFolder folder;
+    QFile project(folder.save(Storyboard("A(24)")));
+    ASSERT_TRUE(project.open(QIODevice::ReadOnly));
+    QByteArray content = project.readAll();
+    content.replace("</plotka>", R"(<scene object="900" scene="901"><node class="group" number="1" name="Top">
+<node class="odd" number="2" name="&#10;plotka: done &#x9b;2J&#x202e;"/></node></scene></plotka>)");
+    const CommandRun run = runPlotka({QStringLiteral("timeline"), folder.write(QStringLiteral("odd.plotka"), content)});
+    EXPECT_EQ(run.exitCode, 0);
+    EXPECT_TRUE(run.errors.contains("plotka: done \uFFFD2J\uFFFD")) << run.errors.toStdString();
+    EXPECT_EQ(run.errors.count('\n'), 1) << run.errors.toStdString();
+    for (const char *acting : {"\u009b", "\u202e"})
+        EXPECT_FALSE(run.errors.contains(acting)) << run.errors.toPercentEncoding(" ").toStdString();
+}
+
 TEST(CommandLine, FailsWhenItsResultCannotBeWritten)
 {
     if (!QFile::exists(QStringLiteral("/dev/full")))

@@ -124,6 +124,7 @@ TEST_F(ImportCommand, SaysWhatIsWrongWithTheInput)
     expectBadInput(write(QStringLiteral("list.otio"), "[1, 2]"), "error: ");
     expectBadInput(write(QStringLiteral("deep.otio"), QByteArray(100'000, '[')), "error: ");
     expectBadInput(write(QStringLiteral("names %1 夜.otio"), "{}"), "error: ");
+    expectBadInput(write(QStringLiteral("names %2 %3.otio"), "{]"), "names %2 %3.otio:1:2: error: ");
 }
 
 TEST_F(ImportCommand, WritesOverNothingUnlessForced)
@@ -194,6 +195,22 @@ TEST_F(ImportCommand, CountsAllThatIsLost)
     EXPECT_EQ(run.exitCode, 0);
     EXPECT_TRUE(run.errors.contains("plotka: notes: 150 loss, 0 change, 0 info\n")) << run.errors.toStdString();
     EXPECT_TRUE(run.errors.contains("plotka: and 130 more; ")) << run.errors.toStdString();
+}
+
+TEST_F(ImportCommand, ShowsNothingOfAFileThatATerminalWouldActOn)
+{
+    const QByteArray hostile = R"(\u001b[2J\r\nplotka: done \u009b1A\u202e)";
+    const QByteArray unknown = R"({"OTIO_SCHEMA": ")" + hostile + R"(.1"})";
+    const QByteArray track =
+        R"({"OTIO_SCHEMA": "Track.1", "name": ")" + hostile + R"(", "children": [)" + unknown + "]}";
+    for (const QByteArray &content : {unknown, track, QByteArray("{\"a\": \u009b}")}) {
+        const CommandRun run = import(cut(content), {QStringLiteral("--force")});
+        EXPECT_NE(run.errors, QByteArray());
+        for (const QByteArray &text : {run.errors, run.output}) {
+            for (const char *acting : {"\033", "\r", "\u009b", "\u202e", "\nplotka: done"})
+                EXPECT_FALSE(text.contains(acting)) << text.toPercentEncoding(" :\n").toStdString();
+        }
+    }
 }
 
 TEST_F(ImportCommand, WritesNothingUnderStrictWhenSomethingIsLost)
