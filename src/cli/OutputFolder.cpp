@@ -12,9 +12,19 @@ namespace
 
 const QString projectPattern = QStringLiteral("*.plotka");
 
-QString asideName(const QString &file)
+bool isThere(const QString &path)
 {
-    return file + u'~';
+    const QFileInfo info(path);
+    return info.exists() || info.isSymLink();
+}
+
+/// The first of "file~", "file~2", "file~3" ... that nobody has: what is aside already stays.
+QString freeAsideName(const QString &file)
+{
+    QString name = file + u'~';
+    for (int number = 2; isThere(name); ++number)
+        name = file + u'~' + QString::number(number);
+    return name;
 }
 
 } // namespace
@@ -30,18 +40,17 @@ OutputFolder::~OutputFolder()
         for (const QString &file : written)
             QFile::remove(folder.filePath(file));
     }
-    for (const QString &file : std::as_const(m_movedProjects))
-        QFile::rename(asideName(file), file);
+    for (const MovedProject &moved : std::as_const(m_movedProjects))
+        QFile::rename(moved.asideName, moved.name);
     for (auto folder = m_madeFolders.crbegin(); folder != m_madeFolders.crend(); ++folder)
         QDir().rmdir(*folder);
 }
 
 bool OutputFolder::isTaken() const
 {
-    const QFileInfo info(m_path);
-    if (info.isDir())
+    if (QFileInfo(m_path).isDir())
         return !QDir(m_path).isEmpty(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);
-    return info.exists() || info.isSymLink();
+    return isThere(m_path);
 }
 
 QString OutputFolder::prepare()
@@ -58,7 +67,7 @@ QString OutputFolder::makeFolders()
     QStringList missing;
     for (QString path = QDir::cleanPath(QDir(m_path).absolutePath()); !QFileInfo(path).isDir();
          path = QFileInfo(path).path()) {
-        if (QFileInfo::exists(path) || QFileInfo(path).isSymLink())
+        if (isThere(path))
             return CliText::tr("%1 is no folder").arg(path);
         missing.prepend(path);
     }
@@ -76,11 +85,10 @@ QString OutputFolder::moveProjectsAside()
     const QStringList files = folder.entryList({projectPattern}, QDir::Files | QDir::Hidden, QDir::Name);
     for (const QString &name : files) {
         const QString file = folder.filePath(name);
-        if (QFile::exists(asideName(file)) && !QFile::remove(asideName(file)))
-            return CliText::tr("%1 cannot be removed").arg(asideName(file));
-        if (!QFile::rename(file, asideName(file)))
+        const QString asideName = freeAsideName(file);
+        if (!QFile::rename(file, asideName))
             return CliText::tr("%1 cannot be renamed").arg(file);
-        m_movedProjects += file;
+        m_movedProjects.push_back({file, asideName});
     }
     return QString();
 }

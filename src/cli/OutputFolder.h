@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QList>
 #include <QString>
 #include <QStringList>
 
@@ -16,20 +17,25 @@ public:
     /// True when something is there that would be written over: a file, or a folder that is not empty.
     bool isTaken() const;
 
-    /// Makes the folder, and those above it. A folder holds one project: those in it are renamed, "~" appended.
-    /// Empty, or what went wrong.
+    /// Makes the folder, and those above it. A folder holds one project: those in it are renamed, "~" appended, or
+    /// "~2", "~3" ... where that is taken. Empty, or what went wrong.
     QString prepare();
 
     /// What stands now is as it should be.
     void keep() { m_isKept = true; }
 
 private:
+    struct MovedProject {
+        QString name; // as it was called
+        QString asideName;
+    };
+
     QString makeFolders();
     QString moveProjectsAside();
 
     QString m_path;
-    QStringList m_madeFolders;   // outermost first
-    QStringList m_movedProjects; // as they were called
-    bool m_isPrepared = false;   // from then on a project in the folder is the new one
+    QStringList m_madeFolders; // outermost first
+    QList<MovedProject> m_movedProjects;
+    bool m_isPrepared = false; // from then on a project in the folder is the new one
     bool m_isKept = false;
 };

@@ -146,6 +146,24 @@ TEST_F(ImportCommand, WritesOverNothingUnlessForced)
     EXPECT_EQ(written().size(), 3);
 }
 
+TEST_F(ImportCommand, KeepsEarlierBackups)
+{
+    const QString backup = write(QStringLiteral("out/Night.plotka~"), "older");
+    const QString earlier = write(QStringLiteral("out/Night.plotka"), "old");
+    const QStringList before = written();
+    const QString nowhere = path(QStringLiteral("nowhere/report.json"));
+    const QStringList failing = {QStringLiteral("--force"), QStringLiteral("--report"), nowhere};
+    EXPECT_EQ(import(cut(cutOf("Night")), failing).exitCode, 1);
+    EXPECT_EQ(written(), before);
+    EXPECT_EQ(contentOf(backup), QByteArray("older"));
+    EXPECT_EQ(contentOf(earlier), QByteArray("old"));
+
+    EXPECT_EQ(import(cut(cutOf("Night")), {QStringLiteral("--force")}).exitCode, 0);
+    EXPECT_EQ(contentOf(backup), QByteArray("older"));
+    EXPECT_EQ(contentOf(path(QStringLiteral("out/Night.plotka~2"))), QByteArray("old"));
+    EXPECT_EQ(info()[QLatin1String("name")].toString(), QStringLiteral("Night"));
+}
+
 TEST_F(ImportCommand, RefusesAFolderWithOtherFilesAndTakesAnEmptyOne)
 {
     QDir().mkpath(output());

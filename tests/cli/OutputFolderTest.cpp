@@ -48,6 +48,30 @@ TEST_F(OutputFolderOnDisk, PutsTheEarlierProjectBackWhenTheNewOneIsNotKept)
     EXPECT_EQ(read(QStringLiteral("old.plotka")), QByteArray("old"));
 }
 
+TEST_F(OutputFolderOnDisk, KeepsEarlierBackupsWhetherTheNewOneIsKeptOrNot)
+{
+    write(QStringLiteral("old.plotka~"), "oldest");
+    write(QStringLiteral("old.plotka~2"), "older");
+    write(QStringLiteral("old.plotka"), "old");
+    const QStringList before = files();
+    {
+        OutputFolder output(folder());
+        EXPECT_EQ(output.prepare(), QString());
+        EXPECT_EQ(read(QStringLiteral("old.plotka~3")), QByteArray("old"));
+    }
+    EXPECT_EQ(files(), before);
+    {
+        OutputFolder output(folder());
+        EXPECT_EQ(output.prepare(), QString());
+        output.keep();
+    }
+    EXPECT_EQ(files(),
+        (QStringList{QStringLiteral("old.plotka~"), QStringLiteral("old.plotka~2"), QStringLiteral("old.plotka~3")}));
+    EXPECT_EQ(read(QStringLiteral("old.plotka~")), QByteArray("oldest"));
+    EXPECT_EQ(read(QStringLiteral("old.plotka~2")), QByteArray("older"));
+    EXPECT_EQ(read(QStringLiteral("old.plotka~3")), QByteArray("old"));
+}
+
 TEST_F(OutputFolderOnDisk, LeavesWhatIsKept)
 {
     write(QStringLiteral("old.plotka"), "old");
