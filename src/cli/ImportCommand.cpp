@@ -83,7 +83,12 @@ ExitCode save(PKC_SessionContext &session, const ImportReport &report, const Ord
         return ExitCode::Failed;
     }
     SC_FileReport saving;
-    const bool isSaved = session.saveProject(&saving);
+    bool isSaved = false;
+    {
+        const Progress progress(CliText::tr("saving %1").arg(projectFile));
+        session.createPlotkaProject(session.project()); // gives the panels the records that belong to them
+        isSaved = session.saveProject(&saving);
+    }
     tellReport(saving);
     if (!isSaved || !commitReport(reportFile, order))
         return ExitCode::Failed;
@@ -106,9 +111,12 @@ ExitCode import(const Order &order)
         Console::tell(CliText::tr("%1 exists; --force overrides").arg(order.folder));
         return ExitCode::OutputExists;
     }
-    const Progress progress(CliText::tr("importing %1").arg(order.input));
     const std::unique_ptr<PKC_SessionContext> session(PKC_SessionContext::createSessionContext(nullptr, nullptr));
-    OtioProjectImport imported = OtioImport::importFileInto(*session, order.input, order.folder, order.options);
+    OtioProjectImport imported;
+    {
+        const Progress progress(CliText::tr("importing %1").arg(order.input));
+        imported = OtioImport::importFileInto(*session, order.input, order.folder, order.options);
+    }
     if (imported.hasError()) {
         tellError(order.input, imported.error);
         return ExitCode::BadInput;
@@ -119,7 +127,6 @@ ExitCode import(const Order &order)
         Console::tell(CliText::tr("nothing is written, since something would be lost"));
         return ExitCode::SomethingLost;
     }
-    session->createPlotkaProject(session->project()); // gives the panels the records that belong to them
     const ExitCode code = save(*session, report, order);
     session->releaseProject();
     return code;

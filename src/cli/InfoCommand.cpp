@@ -4,6 +4,7 @@
 #include "cli/Console.h"
 #include "cli/JsonWriter.h"
 #include "cli/OpenedProject.h"
+#include "cli/Progress.h"
 #include "cli/TextTable.h"
 #include "cli/TimelineListing.h"
 #include "project/PKC_PlotkaProject.h"
@@ -91,6 +92,7 @@ TrackCounts countTracks(const PKC_PlotkaProject &project)
 
 Info infoOf(OpenedProject &opened)
 {
+    const Progress progress(CliText::tr("counting"));
     Info info;
     info.records = countRecords(opened.asFiled()); // before the panels are given records
     const SC_ProjectCommon *const common = opened.asFiled().projectCommon();

@@ -2,6 +2,7 @@
 
 #include "cli/CliText.h"
 #include "cli/Console.h"
+#include "cli/DisplayWidth.h"
 
 #include <chrono>
 #include <cstdio>
@@ -26,8 +27,11 @@ Progress::~Progress()
 
 void Progress::tellEverySecond(const QString &work)
 {
+    const QString shown = DisplayWidth::printable(work);
     std::unique_lock<std::mutex> lock(m_mutex);
-    for (int seconds = 1; !m_ended.wait_for(lock, std::chrono::seconds(1), [this] { return m_isOver; }); ++seconds)
-        std::fputs(qPrintable(CliText::tr("\r%1 ... %2 s").arg(work, QString::number(seconds))), stderr);
-    std::fputs("\r\033[K", stderr);
+    int seconds = 0;
+    while (!m_ended.wait_for(lock, std::chrono::seconds(1), [this] { return m_isOver; }))
+        std::fputs(qPrintable(CliText::tr("\r%1 ... %2 s").arg(shown, QString::number(++seconds))), stderr);
+    if (seconds > 0)
+        std::fputs("\r\033[K", stderr);
 }

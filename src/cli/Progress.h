@@ -7,7 +7,7 @@
 #include <thread>
 
 /// Says what is being done, on standard error, while it takes longer than a second. Silent where standard error is
-/// no terminal.
+/// no terminal. What is to be told or written waits until the line has gone, at the end of its life.
 ///
 /// The work does not report how far it is, so a second thread counts the seconds; it touches nothing but standard error.
 class Progress

@@ -5,7 +5,10 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <cstdlib>
+#include <thread>
+#include <vector>
 
 #include <fcntl.h>
 #include <sys/ioctl.h>
@@ -40,13 +43,37 @@ public:
     bool isOpen() const { return m_slave >= 0; }
 
     /// What the command prints on it, without carriage returns.
-    QByteArray run(const QStringList &arguments, const QStringList &environment = {})
+    QByteArray run(const QStringList &arguments, const QStringList &environment = {}) const
     {
         QProcess process;
         process.setEnvironment(QProcess::systemEnvironment() + environment);
-        const int slave = m_slave;
-        process.setChildProcessModifier([slave] { dup2(slave, STDOUT_FILENO); });
+        start(process, arguments, {STDOUT_FILENO});
+        return finish(process).replace('\r', QByteArray());
+    }
+
+    /// All that it sees, messages too, of a command that waits so long for what it reads from standard input.
+    QByteArray runWaiting(const QStringList &arguments, const QByteArray &input, std::chrono::milliseconds time) const
+    {
+        QProcess process;
+        start(process, arguments, {STDOUT_FILENO, STDERR_FILENO});
+        std::this_thread::sleep_for(time);
+        process.write(input);
+        process.closeWriteChannel();
+        return finish(process).replace("\r\n", "\n");
+    }
+
+private:
+    void start(QProcess &process, const QStringList &arguments, const std::vector<int> &streams) const
+    {
+        process.setChildProcessModifier([slave = m_slave, streams] {
+            for (const int stream : streams)
+                dup2(slave, stream);
+        });
         process.start(QStringLiteral(PLOTKA_COMMAND), arguments);
+    }
+
+    QByteArray finish(QProcess &process) const
+    {
         QByteArray output;
         while (!process.waitForFinished(20))
             output += readAll();
@@ -54,7 +81,6 @@ public:
         return output + readAll();
     }
 
-private:
     QByteArray readAll() const
     {
         QByteArray all;
@@ -62,7 +88,7 @@ private:
         for (ssize_t count = read(m_master, buffer, sizeof buffer); count > 0;
              count = read(m_master, buffer, sizeof buffer))
             all.append(buffer, count);
-        return all.replace('\r', QByteArray());
+        return all;
     }
 
     int m_master = -1;
@@ -84,7 +110,7 @@ TEST(Terminal, IsFilledByTheDrawingAndColoured)
 {
     const ProjectFolder folder;
     const QString file = folder.save(Storyboard("A(24) ~2+2~ B(24) -5- C(24)"));
-    Terminal terminal(60);
+    const Terminal terminal(60);
     if (!terminal.isOpen())
         GTEST_SKIP() << "no terminal can be made here";
     const QByteArray output = terminal.run({QStringLiteral("timeline"), file});
@@ -97,10 +123,40 @@ TEST(Terminal, IsNotColouredWhereThatIsNotWanted)
 {
     const ProjectFolder folder;
     const QString file = folder.save(Storyboard("A(24) ~2+2~ B(24) -5- C(24)"));
-    Terminal terminal(72);
+    const Terminal terminal(72);
     if (!terminal.isOpen())
         GTEST_SKIP() << "no terminal can be made here";
     const QByteArray output = terminal.run({QStringLiteral("timeline"), file}, {QStringLiteral("NO_COLOR=1")});
     EXPECT_FALSE(output.contains('\033')) << output.toStdString();
     EXPECT_EQ(longestLine(output.mid(output.indexOf("\nframes"))), 72) << output.toStdString();
+}
+
+TEST(Terminal, SeesThatWorkTakesLongerThanASecondUntilItIsDone)
+{
+    const ProjectFolder folder;
+    const QString output = folder.path(QStringLiteral("out"));
+    const Terminal terminal(72);
+    if (!terminal.isOpen())
+        GTEST_SKIP() << "no terminal can be made here";
+    const QByteArray seen =
+        terminal.runWaiting({QStringLiteral("import"), QStringLiteral("/dev/stdin"), QStringLiteral("-o"), output},
+            R"({"OTIO_SCHEMA": "Clip.2", "name": "A", "source_range": {"duration": {"rate": 24, "value": 48}}})",
+            std::chrono::milliseconds(1300));
+    EXPECT_TRUE(seen.startsWith("\rimporting /dev/stdin ... 1 s\r")) << seen.toStdString();
+    EXPECT_TRUE(seen.endsWith("\r\033[K" + output.toUtf8() + "/A.plotka\n")) << seen.toStdString();
+}
+
+TEST(Terminal, SeesNothingOfShortWorkButItsResult)
+{
+    const ProjectFolder folder;
+    const QString file = folder.save(Storyboard("A(24)"));
+    const Terminal terminal(72);
+    if (!terminal.isOpen())
+        GTEST_SKIP() << "no terminal can be made here";
+    for (const QStringList &arguments :
+        {QStringList{QStringLiteral("info"), file}, QStringList{QStringLiteral("at"), file, QStringLiteral("1")}}) {
+        const QByteArray seen = terminal.runWaiting(arguments, QByteArray(), std::chrono::milliseconds(0));
+        // On a slow machine it may have been long work.
+        EXPECT_EQ(seen.contains("\033[K"), seen.contains(" ... 1 s")) << seen.toStdString();
+    }
 }
