@@ -74,14 +74,15 @@ bool commitReport(QSaveFile &file, const Order &order)
 ExitCode save(PKC_SessionContext &session, const ImportReport &report, const Order &order)
 {
     const QString projectFile = session.project()->projectCommon()->dbSceneData()->filePath();
-    QSaveFile reportFile(order.reportFile);
-    if (!prepareReport(reportFile, order, report.jsonText(projectFile)))
-        return ExitCode::Failed;
     OutputFolder folder(order.folder);
     if (const QString problem = folder.prepare(); !problem.isEmpty()) {
         Console::tell(problem);
         return ExitCode::Failed;
     }
+    // It may lie in the folder, which goes only when it is empty; so what is not committed goes first.
+    QSaveFile reportFile(order.reportFile);
+    if (!prepareReport(reportFile, order, report.jsonText(projectFile)))
+        return ExitCode::Failed;
     SC_FileReport saving;
     bool isSaved = false;
     {
@@ -90,11 +91,11 @@ ExitCode save(PKC_SessionContext &session, const ImportReport &report, const Ord
         isSaved = session.saveProject(&saving);
     }
     tellReport(saving);
-    if (!isSaved || !commitReport(reportFile, order))
+    if (!isSaved || !Console::writeResult(projectFile + u'\n') || !commitReport(reportFile, order))
         return ExitCode::Failed;
     folder.keep();
     report.tell(ImportNote::Change);
-    return Console::writeResult(projectFile + u'\n') ? ExitCode::Done : ExitCode::Failed;
+    return ExitCode::Done;
 }
 
 void tellError(const QString &input, const OtioError &error)

@@ -5,6 +5,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QJsonArray>
+#include <QProcess>
 
 #include <gtest/gtest.h>
 
@@ -195,6 +196,40 @@ TEST_F(ImportCommand, MakesTheFoldersAboveAndLeavesNoneAfterAFailure)
 
     EXPECT_EQ(runPlotka({QStringLiteral("import"), input, QStringLiteral("-o"), deep}).exitCode, 0);
     EXPECT_TRUE(QFileInfo::exists(deep + QStringLiteral("/Night.plotka")));
+}
+
+TEST_F(ImportCommand, LeavesNoFolderWhenItsResultCannotBeWritten)
+{
+    if (!QFile::exists(QStringLiteral("/dev/full")))
+        GTEST_SKIP() << "there is no /dev/full here";
+    const QString report = path(QStringLiteral("report.json"));
+    QProcess process;
+    process.setStandardOutputFile(QStringLiteral("/dev/full"));
+    process.start(QStringLiteral(PLOTKA_COMMAND),
+        {QStringLiteral("import"), cut(cutOf("Night")), QStringLiteral("-o"), output(), QStringLiteral("--report"),
+            report});
+    ASSERT_TRUE(process.waitForFinished());
+    EXPECT_EQ(process.exitCode(), 1);
+    EXPECT_TRUE(process.readAllStandardError().contains("standard output"));
+    expectNothingWritten();
+    EXPECT_FALSE(QFileInfo::exists(report));
+}
+
+TEST_F(ImportCommand, LeavesNoFolderWhenItsReportCannotBePutInPlace)
+{
+    QDir().mkpath(path(QStringLiteral("report.json/is a folder")));
+    const CommandRun run =
+        import(cut(cutOf("Night")), {QStringLiteral("--report"), path(QStringLiteral("report.json"))});
+    EXPECT_EQ(run.exitCode, 1);
+    EXPECT_TRUE(run.errors.contains("report.json: ")) << run.errors.toStdString();
+    expectNothingWritten();
+}
+
+TEST_F(ImportCommand, TakesAReportWithinTheNewFolder)
+{
+    const QString report = path(QStringLiteral("out/report.json"));
+    EXPECT_EQ(import(cut(cutOf("Night")), {QStringLiteral("--report"), report}).exitCode, 0);
+    EXPECT_EQ(written(), (QStringList{QStringLiteral("Night.plotka"), QStringLiteral("report.json")}));
 }
 
 TEST_F(ImportCommand, TellsWhatIsLost)
