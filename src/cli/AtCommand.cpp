@@ -7,10 +7,14 @@
 #include "cli/ItemFields.h"
 #include "cli/JsonWriter.h"
 #include "cli/OpenedProject.h"
+#include "cli/Progress.h"
 #include "cli/TextTable.h"
 
 #include <QCommandLineParser>
 #include <QLocale>
+
+#include <algorithm>
+#include <limits>
 
 namespace
 {
@@ -149,17 +153,39 @@ QString peopleText(const FrameAnswer &answer)
     return lines.join(u'\n') + u'\n';
 }
 
+/// Digits with or without a sign. What 64 bits cannot hold is the outermost number that they can.
+bool parseFrame(const QString &text, qint64 &frame)
+{
+    const bool isNegative = text.startsWith(u'-');
+    const QString digits = isNegative || text.startsWith(u'+') ? text.mid(1) : text;
+    const auto isDigit = [](QChar c) { return c >= u'0' && c <= u'9'; };
+    if (digits.isEmpty() || !std::all_of(digits.begin(), digits.end(), isDigit))
+        return false;
+    bool fits = false;
+    frame = digits.toLongLong(&fits);
+    if (!fits)
+        frame = std::numeric_limits<qint64>::max();
+    if (isNegative)
+        frame = -frame;
+    return true;
+}
+
+FrameAnswer answerAt(OpenedProject &opened, qint64 frame)
+{
+    const Progress progress(CliText::tr("looking at frame %1").arg(frame));
+    return lookAt(opened.project(), frame);
+}
+
 ExitCode runAt(const QCommandLineParser &parser)
 {
     const QStringList arguments = parser.positionalArguments();
-    bool isNumber = false;
-    const quint64 frame = arguments[1].toULongLong(&isNumber);
-    if (!isNumber)
+    qint64 frame = 0;
+    if (!parseFrame(arguments[1], frame))
         return refuseUsage(CliText::tr("at: \"%1\" is no frame").arg(arguments[1]));
     OpenedProject opened(arguments[0]);
     if (!opened.isOpen())
         return ExitCode::BadInput;
-    const FrameAnswer answer = lookAt(opened.project(), frame);
+    const FrameAnswer answer = answerAt(opened, frame);
     const QString text = parser.isSet(QStringLiteral("json")) ? jsonText(answer) : peopleText(answer);
     return Console::writeResult(text) ? ExitCode::Done : ExitCode::Failed;
 }

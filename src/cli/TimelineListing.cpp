@@ -51,7 +51,7 @@ public:
         return sceneOfBlock(m_project.projectCommon()->sceneManager(), block);
     }
 
-    QString timecode(quint64 projectFrame) const;
+    QString timecode(unsigned int projectFrame) const;
     /// @p handle is that of the block.
     TimelineItem shot(const AT_FrameBlock &block, const Shot_t &handle) const;
     TimelineItem panel(const Shot_t &shot, const TUSeqTimedValue *panels, const AT_FrameBlock &block) const;
@@ -71,12 +71,12 @@ private:
     const PKC_PlotkaProject &m_project;
 };
 
-QString ItemMaker::timecode(quint64 projectFrame) const
+QString ItemMaker::timecode(unsigned int projectFrame) const
 {
     const SC_ProjectCommon *const common = m_project.projectCommon();
     constexpr qint64 last = std::numeric_limits<quint32>::max();
     const qint64 start = std::clamp<qint64>(common->startTimecode(), -last, last);
-    const qint64 frame = start + static_cast<qint64>(std::min<quint64>(projectFrame, last)) - 1;
+    const qint64 frame = start + qint64(projectFrame) - 1;
     return UT_Format::formatFrame(static_cast<unsigned int>(std::clamp<qint64>(frame, 0, last)),
         common->frameRate().fpsRound(), /*withFrames*/ true, /*style*/ 0)
         .ToQString();
@@ -274,18 +274,18 @@ TimelineListing listTimeline(const PKC_PlotkaProject &project)
     return listing;
 }
 
-FrameAnswer lookAt(const PKC_PlotkaProject &project, quint64 frame)
+FrameAnswer lookAt(const PKC_PlotkaProject &project, qint64 frame)
 {
     const ItemMaker maker(project);
     FrameAnswer answer;
     answer.frame = frame;
-    answer.timecode = maker.timecode(frame);
     const TUSeqTimedValue *const timeline = project.topMainTv();
     answer.frameCount = timeline ? timeline->nFrames() : 0;
     if (frame < 1 || frame > answer.frameCount)
         return answer;
 
     const auto projectFrame = static_cast<unsigned int>(frame);
+    answer.timecode = maker.timecode(projectFrame);
     answer.backward = sideAt(project, maker, projectFrame, PKC_PlotkaProject::ResolveBackward);
     answer.forward = sideAt(project, maker, projectFrame, PKC_PlotkaProject::ResolveForward);
     if (const Trans_t transition = project.getTransAt(projectFrame); transition.isValid())

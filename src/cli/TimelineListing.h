@@ -70,8 +70,8 @@ struct FrameAnswer {
         double panelFrame = 0;
     };
 
-    quint64 frame = 0;
-    QString timecode;
+    qint64 frame = 0;
+    QString timecode;            ///< empty outside
     unsigned int frameCount = 0; ///< of the timeline
     Side backward;
     Side forward;
@@ -79,4 +79,4 @@ struct FrameAnswer {
     std::optional<TimelineItem> gap;
 };
 
-FrameAnswer lookAt(const PKC_PlotkaProject &project, quint64 frame);
+FrameAnswer lookAt(const PKC_PlotkaProject &project, qint64 frame);

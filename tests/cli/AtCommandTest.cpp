@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <limits>
+
 namespace
 {
 
@@ -16,7 +18,8 @@ class AtCommand : public ::testing::Test
 protected:
     CommandRun at(const QString &frame, const QStringList &options = {}) const
     {
-        return runPlotka(QStringList{QStringLiteral("at"), m_file, frame} + options);
+        return runPlotka(
+            QStringList{QStringLiteral("at"), m_file} + options + QStringList{QStringLiteral("--"), frame});
     }
 
     QJsonObject jsonAt(const QString &frame) const
@@ -114,7 +117,8 @@ TEST_F(AtCommand, GivesTheGapWithinAShotAlsoAtItsEnd)
 
 TEST_F(AtCommand, FindsNothingOutsideTheTimeline)
 {
-    for (const char *frame : {"0", "126", "4294967295", "4294967303", "18446744073709551615"}) {
+    for (const char *frame : {"0", "126", "4294967295", "4294967303", "18446744073709551615", "99999999999999999999999",
+             "+126", "-0", "-5", "-99999999999999999999999"}) {
         const QJsonObject answer = jsonAt(QLatin1String(frame));
         EXPECT_EQ(side(answer, "backward"), "null, null") << frame;
         EXPECT_EQ(side(answer, "forward"), "null, null") << frame;
@@ -125,12 +129,22 @@ TEST_F(AtCommand, FindsNothingOutsideTheTimeline)
 
 TEST_F(AtCommand, RefusesWhatIsNoFrame)
 {
-    for (const char *frame : {"abc", "", "1.5", "12x", "99999999999999999999", "-1", "1e3"}) {
-        const CommandRun run = at(QLatin1String(frame));
+    for (const char *frame : {"abc", "", "1.5", "12x", "1e3", "+", "-", "+-1", " 1", "0x1", "\u0665"}) {
+        const CommandRun run = at(QString::fromUtf8(frame));
         EXPECT_EQ(run.exitCode, 2) << frame;
         EXPECT_EQ(run.output, QByteArray());
-        EXPECT_NE(run.errors, QByteArray());
+        EXPECT_TRUE(run.errors.contains("is no frame")) << run.errors.toStdString();
     }
+}
+
+TEST_F(AtCommand, TakesSignedAndLongNumbers)
+{
+    EXPECT_EQ(side(jsonAt(QStringLiteral("+32")), "forward"), "Opening 26, near 26 26 2");
+    EXPECT_EQ(side(jsonAt(QStringLiteral("0000000000000000000000032")), "forward"), "Opening 26, near 26 26 2");
+    EXPECT_EQ(jsonAt(QStringLiteral("-5"))[QLatin1String("frame")].toInt(), -5);
+    EXPECT_EQ(jsonAt(QStringLiteral("99999999999999999999"))[QLatin1String("frame")].toInteger(),
+        std::numeric_limits<qint64>::max());
+    EXPECT_TRUE(at(QStringLiteral("-5")).output.contains("project frame -5 is outside"));
 }
 
 TEST_F(AtCommand, PrintsForPeople)
