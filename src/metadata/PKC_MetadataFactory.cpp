@@ -10,6 +10,7 @@
 #include "metadata/PKC_SceneInfo.h"
 #include "metadata/PKC_SoundAnnotation.h"
 #include "naming/PKC_NamingRules.h"
+#include "pdf/PKC_PdfOptions.h"
 #include "tracking/PKC_Tracking.h"
 
 namespace
@@ -37,6 +38,7 @@ constexpr RecordType recordTypes[] = {
     {QLatin1String("layerInfos"), make<PKC_LayerInfos>},
     {QLatin1String("namingRules"), make<PKC_NamingRules>},
     {QLatin1String("soundAnnotation"), make<PKC_SoundAnnotation>},
+    {QLatin1String("pdfOptions"), make<PKC_PdfOptions>},
     {QLatin1String("referenceToolData"), make<PKC_ReferenceToolData>},
     {QLatin1String("deletedPanels"), make<PKC_DeletedPanels>},
     {QLatin1String("projectLinkInfo"), make<PKC_ProjectLinkInfo>},

@@ -29,8 +29,9 @@ Definition newDefinition(const QString &ldesc, const QString &sdesc, bool readOn
 struct PKC_PropertiedObject::Private {
     using List = std::list<PKC_Property *>;
 
-    List ordered; // owned
-    std::map<QString, List::iterator> byName;
+    List ordered;                             // owned
+    std::map<QString, List::iterator> byName; // by the names under which they came
+    std::set<const PKC_Property *> owned;     // a property may take another name from a stream
 };
 
 PKC_PropertiedObject::PKC_PropertiedObject() : d(std::make_unique<Private>()) {}
@@ -175,9 +176,7 @@ PKC_Property *PKC_PropertiedObject::addPropertyFromRange(const QString &name, co
 
 PKC_Property *PKC_PropertiedObject::addProperty(PKC_Property *property)
 {
-    // By address: a property may have taken another name from a stream since it was added.
-    const auto &ordered = d->ordered;
-    if (!property || std::find(ordered.begin(), ordered.end(), property) != ordered.end())
+    if (!property || d->owned.count(property) > 0)
         return property;
     return own(std::unique_ptr<PKC_Property>(property));
 }
@@ -192,12 +191,14 @@ PKC_Property *PKC_PropertiedObject::addPropertyInternal(const QString &name, con
 PKC_Property *PKC_PropertiedObject::own(std::unique_ptr<PKC_Property> property)
 {
     PKC_Property *const added = property.release();
+    d->owned.insert(added);
     const auto known = d->byName.find(added->name());
     if (known == d->byName.end()) {
         d->byName.emplace(added->name(), d->ordered.insert(d->ordered.end(), added));
         return added;
     }
     const std::unique_ptr<PKC_Property> replaced(std::exchange(*known->second, added));
+    d->owned.erase(replaced.get());
     return added;
 }
 
@@ -265,6 +266,7 @@ void PKC_PropertiedObject::removeProperty(const QString &name)
         return;
     // Out of both first: those who hear of its end may ask for it.
     const std::unique_ptr<PKC_Property> removed(*known->second);
+    d->owned.erase(removed.get());
     d->ordered.erase(known->second);
     d->byName.erase(known);
 }
@@ -272,6 +274,7 @@ void PKC_PropertiedObject::removeProperty(const QString &name)
 void PKC_PropertiedObject::clearProperties()
 {
     d->byName.clear();
+    d->owned.clear();
     const Private::List removed = std::exchange(d->ordered, {});
     for (PKC_Property *property : removed)
         delete property;

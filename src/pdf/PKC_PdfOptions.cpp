@@ -1,0 +1,128 @@
+#include "pdf/PKC_PdfOptions.h"
+
+#include "metadata/RecordAttributes_p.h"
+#include "metadata/RecordClone_p.h"
+#include "metadata/RecordReader_p.h"
+#include "pdf/PdfPayload_p.h"
+#include "pdf/properties/PKC_PropertyFactory.h"
+#include "scene/base/whoami.h"
+#include "scene/metadata/DB_MemFile.h"
+#include "scene/metadata/PIO_WritingContext.h"
+#include "scene/metadata/PO_XmlWriter.h"
+
+#include <QXmlAttributes>
+
+namespace
+{
+
+const QString kOption = QStringLiteral("option");
+const QString kName = QStringLiteral("name");
+const QString kType = QStringLiteral("type");
+const QString kValue = QStringLiteral("value");
+const QString kData = QStringLiteral("data");
+const QString kPanelExportEnabled = QStringLiteral("panel_export_enabled");
+
+class PdfOptionsMetadataReader : public RecordReader<PKC_PdfOptions, ReadsUntil::Released>
+{
+public:
+    using RecordReader::RecordReader;
+
+    bool endElement(const QString &nameSpace, const QString &localName) override
+    {
+        if (localName == kOption)
+            m_pending.reset();
+        return RecordReader::endElement(nameSpace, localName);
+    }
+
+protected:
+    void readElement(PKC_PdfOptions &options, const QString &localName, const QXmlAttributes &attributes) override
+    {
+        if (localName == kOption) {
+            const int type = RecordAttributes::intOf(attributes, kType);
+            m_pending.reset(PKC_PropertyFactory::create(type, attributes.value(kName)));
+        } else if (localName == kValue && m_pending) {
+            const std::unique_ptr<PKC_Property> property = std::move(m_pending);
+            DB_MemFile data;
+            decodeBinaryAttr(attributes, kData, data);
+            PdfPayload::load(QByteArray(data.GetBuffer(), data.GetLength()), *property);
+            if (property->isValid())
+                options.addPdfOptions(property.get());
+        }
+    }
+
+private:
+    std::unique_ptr<PKC_Property> m_pending; // of the option that is open
+};
+
+} // namespace
+
+const QString PKC_PdfOptions::kPIO_PKMETA_Keyword = QStringLiteral("pdfOptions");
+const QString PKC_PdfOptions::kPIO_PKMETA_Version = QStringLiteral("1.0");
+
+PKC_PdfOptions::PKC_PdfOptions(const QString &name) : PKC_PdfOptions(name, whoami::progName(), kPIO_PKMETA_Version) {}
+
+PKC_PdfOptions::PKC_PdfOptions(const QString &name, const QString &creator, const QString &version) :
+    PIO_Metadata(kPIO_PKMETA_Keyword, name, creator, version)
+{
+}
+
+PKC_PdfOptions::~PKC_PdfOptions() = default;
+
+bool PKC_PdfOptions::isValid() const
+{
+    return true;
+}
+
+PIO_XML::ComponentReader *PKC_PdfOptions::componentReader()
+{
+    return new PdfOptionsMetadataReader(this);
+}
+
+PIO_Metadata *PKC_PdfOptions::clone() const
+{
+    return cloneRecord(*this);
+}
+
+void PKC_PdfOptions::dumpToString(QString &) const {}
+
+void PKC_PdfOptions::writeMetadataSubnodes(PIO_WritingContext &context) const
+{
+    std::list<PKC_Property *> options;
+    m_options.getAllProperties(options);
+    PO_XmlWriter &writer = context.xmlWriter();
+    writer.beginElement(kPIO_PKMETA_Keyword);
+    for (const PKC_Property *option : options) {
+        const QByteArray bytes = PdfPayload::bytesOf(*option);
+        writer.beginElement(kOption);
+        writer.encodeStringAttr(kName, option->name());
+        writer.encodeIntAttr(kType, option->propertyType());
+        writer.encodeBinaryElement(kValue, kData, bytes.constData(), bytes.size());
+        writer.endElement();
+    }
+    writer.endElement();
+}
+
+void PKC_PdfOptions::addPdfOptions(const PKC_Property *property)
+{
+    if (!property)
+        return;
+    // Copied before anything goes: it may be the option that is replaced.
+    PKC_Property *const added = property->clone();
+    m_options.removeProperty(added->name());
+    m_options.addProperty(added);
+}
+
+void PKC_PdfOptions::removePdfOption(const QString &name)
+{
+    m_options.removeProperty(name);
+}
+
+void PKC_PdfOptions::removeAll()
+{
+    m_options.clearProperties();
+}
+
+bool PKC_PdfOptions::exportEnabled() const
+{
+    return m_options.getPropertyBool(kPanelExportEnabled, true);
+}
