@@ -29,13 +29,8 @@ TUScene *SC_Project::addScene()
 
 TUScene *SC_Project::addScene(const SC_Id &objectId, const SC_Id &sceneId)
 {
-    if (objectId.isNull() || sceneId.isNull() || objectId == sceneId || m_sceneIds.contains(objectId.value())
-        || m_sceneIds.contains(sceneId.value()))
+    if (!m_projectCommon.takeForScene(objectId, sceneId))
         return nullptr;
-    m_sceneIds.insert(objectId.value());
-    m_sceneIds.insert(sceneId.value());
-    m_projectCommon.reserveId(objectId);
-    m_projectCommon.reserveId(sceneId);
     TUScene *const scene = new TUScene(&m_projectCommon, objectId, sceneId);
     m_scenes.emplace_back(scene);
     m_projectCommon.sceneManager()->m_scenes.insert(sceneId, scene);

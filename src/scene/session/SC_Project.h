@@ -31,7 +31,7 @@ public:
     /// @{
     /// A new last scene with fresh ids, a container and a root group.
     TUScene *addScene();
-    /// The same with given ids; null when one is null, when they are equal or when one is taken.
+    /// The same with given ids; null when one is null, when they are equal or when one belongs to something else.
     TUScene *addScene(const SC_Id &objectId, const SC_Id &sceneId);
     /// Deletes the scene and its timed values; the block that placed it stays. False for the top scene and
     /// for a scene of another project.
@@ -46,5 +46,4 @@ private:
     mutable SC_ProjectCommon m_projectCommon;
     mutable PIO_Metadatas m_metadatas;
     SceneList m_scenes;
-    QSet<qint64> m_sceneIds;
 };

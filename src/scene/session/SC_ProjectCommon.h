@@ -7,8 +7,8 @@
 #include "scene/session/SC_SceneManager.h"
 #include "scene/session/TUDbSceneData.h"
 
+#include <QHash>
 #include <QPointer>
-#include <QSet>
 
 /// What all scenes of a project share.
 class PLOTKA_SCENE_EXPORT SC_ProjectCommon
@@ -35,6 +35,8 @@ public:
     /// @name Ids
     /// A number is given out once in the life of a project, also not after its object was deleted.
     /// @{
+    /// Ids of a project are greater than 0 and less than this.
+    static constexpr qint64 idLimit = qint64(1) << 62;
     /// Null when a file has used the numbers up.
     SC_Id createId();
     qint64 nextId() const { return m_nextId; }
@@ -42,19 +44,36 @@ public:
     void reserveId(const SC_Id &id);
     /// @}
 
-    /// @name Places
-    /// Ids of the scenes, transitions and sounds that stand in a timed value; each stands in one.
+    /// @name Owners of ids
+    /// An id belongs to one thing. A scene has two, which it keeps for ever. A transition or a sound has one while it stands
+    /// in a timed value, and a block that places a scene has the two of that scene, also when there is none. Null ids
+    /// belong to nothing.
     /// @{
-    bool isPlaced(const SC_Id &id) const { return m_placed.contains(id.value()); }
-    void setPlaced(const SC_Id &id, bool placed);
+    /// True when it belongs to nothing and is one that a project gives out.
+    bool isFree(const SC_Id &id) const;
+    enum Claim { Free, Placed, Foreign };
+    /// Free when a block may place the scene with these ids, Placed when one does already, and Foreign when one of them
+    /// belongs to something else or is none that a project gives out. The scene id is null when none is told.
+    Claim claimOf(const SC_Id &objectId, const SC_Id &sceneId) const;
+    bool isPlaced(const SC_Id &id) const { return m_owners.value(id.value()).isPlaced; }
+    void setPlaced(const SC_Id &objectId, const SC_Id &sceneId, bool placed);
+    /// False, and nothing has changed, when a new scene cannot have these ids.
+    bool takeForScene(const SC_Id &objectId, const SC_Id &sceneId);
     /// @}
 
 private:
+    struct Owner {
+        SC_Id objectId;
+        SC_Id sceneId;        // null for what has one id
+        bool isScene = false; // also of a scene that has gone
+        bool isPlaced = false;
+    };
+
     mutable SC_SceneManager m_sceneManager;
     mutable TUDbSceneData m_dbSceneData;
     QPointer<TUSceneChangeManager> m_changeManager;
     UT_FrameRate m_frameRate;
     qint64 m_startTimecode = 0;
     qint64 m_nextId = 1;
-    QSet<qint64> m_placed;
+    QHash<qint64, Owner> m_owners;
 };

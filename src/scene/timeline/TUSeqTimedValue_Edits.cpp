@@ -4,7 +4,6 @@
 #include "scene/changes/TUSceneChangeManager.h"
 #include "scene/session/SC_ProjectCommon.h"
 #include "scene/session/SC_SceneCommon.h"
-#include "scene/session/TUScene.h"
 #include "scene/timeline/AT_TimeWarpSeq.h"
 #include "scene/timeline/AT_TransitionSeq.h"
 
@@ -24,29 +23,15 @@ bool placesScene(const AT_FrameBlock &block)
     return block.seq() && block.seq()->sceneSeq();
 }
 
-/// Marks both ids of a placed scene, or that of a transition; each stands in one block of the project.
-void setPlaced(SC_ProjectCommon *project, const TUSeq *seq, bool placed)
-{
-    project->setPlaced(seq->objectId(), placed);
-    if (const TUSeq *scene = seq->sceneSeq())
-        project->setPlaced(scene->id, placed);
-}
-
-bool isPlaced(const SC_ProjectCommon *project, const TUSeq *seq)
+SC_Id sceneIdOf(const TUSeq *seq)
 {
     const TUSeq *scene = seq->sceneSeq();
-    return project->isPlaced(seq->objectId()) || (scene && project->isPlaced(scene->id));
+    return scene ? scene->id : SC_Id();
 }
 
-/// False for a sequence that places one scene under the object id of another, and for a transition without an id:
-/// whoever looks an object up by its id would find the wrong one.
-bool identifiesItsObject(const SC_ProjectCommon *project, const TUSeq *seq)
+void setPlaced(SC_ProjectCommon *project, const TUSeq *seq, bool placed)
 {
-    if (AT_TransitionSeq::isTransition(seq))
-        return !seq->objectId().isNull();
-    const TUSeq *placed = seq->sceneSeq();
-    const TUScene *scene = placed ? dynamic_cast<TUScene *>(project->sceneManager()->find(placed->id)) : nullptr;
-    return !scene || scene->objectId() == seq->objectId();
+    project->setPlaced(seq->objectId(), sceneIdOf(seq), placed);
 }
 
 /// Gives a block its new frames; a time warp of slope 1 stays one.
@@ -178,9 +163,15 @@ bool TUSeqTimedValue::isFree(unsigned int fromFrame, unsigned int frameCount) co
 
 bool TUSeqTimedValue::canHold(const TUSeq *seq) const
 {
-    return !seq
-        || (projectCommon() && !seq->m_timedValue && !isPlaced(projectCommon(), seq)
-            && identifiesItsObject(projectCommon(), seq));
+    if (!seq)
+        return true;
+    const SC_ProjectCommon *project = projectCommon();
+    if (!project || seq->m_timedValue)
+        return false;
+    // Whoever looks an object up by its id must not find another one.
+    return AT_TransitionSeq::isTransition(seq)
+        ? project->isFree(seq->objectId())
+        : project->claimOf(seq->objectId(), sceneIdOf(seq)) == SC_ProjectCommon::Free;
 }
 
 bool TUSeqTimedValue::isBesideTransition(std::size_t index) const
@@ -194,9 +185,6 @@ void TUSeqTimedValue::insertAt(std::size_t index, AT_FrameBlock block)
     if (TUSeq *const seq = block.seq()) {
         seq->m_timedValue = this;
         setPlaced(projectCommon(), seq, true);
-        projectCommon()->reserveId(seq->objectId());
-        if (seq->sceneSeq())
-            projectCommon()->reserveId(seq->sceneSeq()->id);
     }
     m_blocks.insert(m_blocks.begin() + std::ptrdiff_t(index), std::move(block));
     reindexFrom(index);

@@ -20,7 +20,7 @@ bool isRange(unsigned int fromFrame, unsigned int toFrame)
 TUSoundTimedValue::~TUSoundTimedValue()
 {
     for (const Sound &sound : m_sounds)
-        projectCommon()->setPlaced(sound.id, false);
+        projectCommon()->setPlaced(sound.id, SC_Id(), false);
 }
 
 long TUSoundTimedValue::getEndFrame() const
@@ -51,11 +51,10 @@ SC_Id TUSoundTimedValue::addSound(unsigned int fromFrame, unsigned int toFrame, 
 bool TUSoundTimedValue::addSound(const Sound &sound)
 {
     SC_ProjectCommon *const project = projectCommon();
-    if (!project || !isRange(sound.fromFrame, sound.toFrame) || sound.id.isNull() || project->isPlaced(sound.id))
+    if (!project || !isRange(sound.fromFrame, sound.toFrame) || !project->isFree(sound.id))
         return false;
     m_sounds.push_back(sound);
-    project->reserveId(sound.id);
-    project->setPlaced(sound.id, true);
+    project->setPlaced(sound.id, SC_Id(), true);
     if (TUSceneChangeManager *changes = changeManager())
         changes->emitTimedValueChanged(this);
     return true;
@@ -67,7 +66,7 @@ bool TUSoundTimedValue::removeSound(const SC_Id &id)
         std::find_if(m_sounds.begin(), m_sounds.end(), [&id](const Sound &sound) { return sound.id == id; });
     if (place == m_sounds.end())
         return false;
-    projectCommon()->setPlaced(place->id, false);
+    projectCommon()->setPlaced(place->id, SC_Id(), false);
     m_sounds.erase(place);
     if (TUSceneChangeManager *changes = changeManager())
         changes->emitTimedValueChanged(this);

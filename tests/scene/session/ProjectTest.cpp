@@ -186,13 +186,14 @@ TEST_F(Project, ReservesIdsUpwardsOnly)
 
 TEST_F(Project, GivesOutNoIdTwiceAtTheEndOfTheNumbers)
 {
-    constexpr qint64 last = std::numeric_limits<qint64>::max();
+    constexpr qint64 limit = SC_ProjectCommon::idLimit;
     SC_ProjectCommon &common = *project.projectCommon();
-    common.reserveId(SC_Id(last - 2));
-    EXPECT_EQ(common.createId(), SC_Id(last - 1));
+    common.reserveId(SC_Id(limit - 2));
+    EXPECT_EQ(common.createId(), SC_Id(limit - 1));
     EXPECT_TRUE(common.createId().isNull());
-    common.reserveId(SC_Id(last));
+    common.reserveId(SC_Id(std::numeric_limits<qint64>::max()));
     EXPECT_TRUE(common.createId().isNull());
+    EXPECT_EQ(common.nextId(), limit);
     EXPECT_EQ(project.addScene(), nullptr);
     EXPECT_TRUE(session.top().addSoundTimedValue(QStringLiteral("S"))->addSound(1, 2).isNull());
 }
@@ -201,12 +202,40 @@ TEST_F(Project, KnowsWhatIsPlaced)
 {
     SC_ProjectCommon &common = *project.projectCommon();
     EXPECT_FALSE(common.isPlaced(SC_Id(5)));
-    common.setPlaced(SC_Id(5), true);
+    common.setPlaced(SC_Id(5), SC_Id(), true);
     EXPECT_TRUE(common.isPlaced(SC_Id(5)));
-    common.setPlaced(SC_Id(5), false);
+    common.setPlaced(SC_Id(5), SC_Id(), false);
     EXPECT_FALSE(common.isPlaced(SC_Id(5)));
-    common.setPlaced(SC_Id(), true);
+    common.setPlaced(SC_Id(), SC_Id(), true);
     EXPECT_FALSE(common.isPlaced(SC_Id())) << "what has no id stands anywhere";
+}
+
+TEST_F(Project, KnowsWhatAnIdBelongsTo)
+{
+    SC_ProjectCommon &common = *project.projectCommon();
+    common.setPlaced(SC_Id(50), SC_Id(60), true); // a scene that is not there
+    common.setPlaced(SC_Id(70), SC_Id(), true);   // a sound or a transition
+    EXPECT_EQ(common.claimOf(SC_Id(50), SC_Id(60)), SC_ProjectCommon::Placed);
+    EXPECT_EQ(common.claimOf(SC_Id(50), SC_Id()), SC_ProjectCommon::Placed);
+    EXPECT_EQ(common.claimOf(SC_Id(80), SC_Id(90)), SC_ProjectCommon::Free);
+    EXPECT_EQ(common.claimOf(SC_Id(), SC_Id()), SC_ProjectCommon::Free);
+    EXPECT_TRUE(common.isFree(SC_Id(80)));
+    for (const qint64 id : {qint64(50), qint64(60), qint64(70), qint64(0), qint64(-1), SC_ProjectCommon::idLimit})
+        EXPECT_FALSE(common.isFree(SC_Id(id))) << id;
+    for (const auto &[object, scene] : std::vector<std::pair<qint64, qint64>>{{60, 0}, {0, 60}, {60, 50}, {50, 61},
+             {51, 60}, {70, 80}, {80, 70}, {80, 80}, {-1, 0}, {80, -1}, {SC_ProjectCommon::idLimit, 0}})
+        EXPECT_EQ(common.claimOf(SC_Id(object), SC_Id(scene)), SC_ProjectCommon::Foreign) << object << ' ' << scene;
+
+    EXPECT_EQ(project.addScene(SC_Id(55), SC_Id(60)), nullptr);
+    EXPECT_EQ(project.addScene(SC_Id(70), SC_Id(80)), nullptr);
+    TUScene *const scene = project.addScene(SC_Id(50), SC_Id(60));
+    ASSERT_NE(scene, nullptr) << "the scene of the block that waits for it";
+    EXPECT_EQ(common.claimOf(SC_Id(50), SC_Id(60)), SC_ProjectCommon::Placed);
+    common.setPlaced(SC_Id(50), SC_Id(60), false);
+    EXPECT_EQ(common.claimOf(SC_Id(50), SC_Id(60)), SC_ProjectCommon::Free);
+    ASSERT_TRUE(project.removeScene(scene));
+    EXPECT_EQ(common.claimOf(SC_Id(50), SC_Id(61)), SC_ProjectCommon::Foreign) << "a scene keeps its ids for ever";
+    EXPECT_EQ(common.nextId(), 71);
 }
 
 TEST_F(Project, KeepsRateAndStartTimecode)

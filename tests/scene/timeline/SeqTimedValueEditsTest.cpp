@@ -107,6 +107,33 @@ TEST_F(SeqTimedValueEdits, PlacesASceneUnderItsOwnObjectIdOnly)
     EXPECT_TRUE(timeline->insertBlock(1, 10, new AT_SceneSeq(scene->objectId(), scene->sceneId())));
 }
 
+TEST_F(SeqTimedValueEdits, RefusesAnIdThatBelongsToSomethingElse)
+{
+    addShot(1, 10);
+    addShot(11, 10);
+    const AT_TransitionSeq *const transition = addTransition(11, 1, 1);
+    TUSoundTimedValue *const sounds = session.top().addSoundTimedValue(QStringLiteral("Sound"));
+    const SC_Id sound = sounds->addSound(1, 2);
+    const TUScene *const scene = project.addScene();
+    const SC_Id fresh(5000);
+    session.changeManager()->clear();
+    for (const SC_Id &id : {transition->id, sound, scene->objectId(), scene->sceneId(), session.top().objectId(),
+             SC_Id(-1), SC_Id(SC_ProjectCommon::idLimit)}) {
+        AT_SceneSeq *const asObject = new AT_SceneSeq(id, fresh);
+        AT_SceneSeq *const asScene = new AT_SceneSeq(fresh, id);
+        AT_TransitionSeq *const asTransition = new AT_TransitionSeq(id, 0);
+        expectRefused([&] { return timeline->insertBlock(31, 10, asObject); });
+        expectRefused([&] { return timeline->insertBlock(31, 10, asScene); });
+        expectRefused([&] { return timeline->insertTransition(21, 1, 1, asTransition); });
+        expectRefused([&] { return sounds->addSound(TUSoundTimedValue::Sound{id, 1, 2, QString()}); });
+        expectRefused([&] { return project.addScene(id, fresh) != nullptr; });
+        expectRefused([&] { return project.addScene(fresh, id) != nullptr; });
+        delete asObject;
+        delete asScene;
+        delete asTransition;
+    }
+}
+
 TEST_F(SeqTimedValueEdits, TakesASequenceOnceOnly)
 {
     AT_TimeWarpSeq *const shot = addShot(1, 5);
