@@ -1,16 +1,9 @@
 #include "scene/storage/ElementAttributes_p.h"
 
 #include "scene/metadata/PO_Utils.h"
+#include "scene/session/SC_ProjectCommon.h"
 
 #include <limits>
-
-namespace
-{
-
-// Above every id there is room for as many as a project can ever give out.
-constexpr qint64 greatestId = qint64(1) << 62;
-
-} // namespace
 
 ElementAttributes::ElementAttributes(const QXmlStreamReader &xml, LoadReport &report) :
     m_attributes(xml.attributes()), m_xml(xml), m_place(FilePlace::of(xml)), m_report(report)
@@ -35,7 +28,7 @@ std::optional<unsigned int> ElementAttributes::findFrames(const QString &name) c
 std::optional<SC_Id> ElementAttributes::findId(const QString &name) const
 {
     const std::optional<qint64> number = findNumber(name);
-    if (!number || *number > greatestId)
+    if (!number || *number < 0 || *number >= SC_ProjectCommon::idLimit)
         return std::nullopt;
     return SC_Id(*number);
 }

@@ -93,7 +93,7 @@ bool ProjectReader::readHeader()
 {
     const ElementAttributes attributes(m_xml, m_report);
     const auto format = attributes.findNumber(keys::format);
-    const auto nextId = attributes.findId(keys::nextId);
+    const auto nextId = attributes.findNumber(keys::nextId);
     const auto startTimecode = attributes.findNumber(keys::startTimecode);
     UT_FrameRate rate;
     if (format && *format > keys::formatVersion) {
@@ -102,11 +102,11 @@ bool ProjectReader::readHeader()
         return false;
     }
     const bool hasRate = attributes.has(keys::rate) && rate.parse(attributes.text(keys::rate));
-    const QString unreadable = !format || *format < 1 ? keys::format
-        : !nextId || nextId->value() < 1              ? keys::nextId
-        : !hasRate                                    ? keys::rate
-        : !startTimecode                              ? keys::startTimecode
-                                                      : QString();
+    const QString unreadable = !format || *format < 1                   ? keys::format
+        : !nextId || *nextId < 1 || *nextId > SC_ProjectCommon::idLimit ? keys::nextId
+        : !hasRate                                                      ? keys::rate
+        : !startTimecode                                                ? keys::startTimecode
+                                                                        : QString();
     if (!unreadable.isEmpty()) {
         fail(QStringLiteral("the header cannot be read: \"%1\" is absent or wrong").arg(unreadable));
         return false;
@@ -116,7 +116,7 @@ bool ProjectReader::readHeader()
     SC_ProjectCommon &common = *m_project->projectCommon();
     common.setFrameRate(rate);
     common.setStartTimecode(*startTimecode);
-    common.reserveId(SC_Id(nextId->value() - 1));
+    common.reserveId(SC_Id(*nextId - 1));
     return true;
 }
 
@@ -354,7 +354,19 @@ void ProjectReader::skipUnknown()
 void ProjectReader::skipDamaged(const QString &item, const QString &reason)
 {
     m_report.warn(FilePlace::of(m_xml), item, QStringLiteral("left out: %1").arg(reason));
-    m_xml.skipCurrentElement();
+    skipReservingIds();
+}
+
+/// Also what is left out keeps its ids: no other thing may be taken for it.
+void ProjectReader::skipReservingIds()
+{
+    if (m_xml.name() == keys::metadata)
+        return m_xml.skipCurrentElement();
+    const ElementAttributes attributes(m_xml, m_report);
+    for (const QString &key : {keys::object, keys::scene, keys::id})
+        m_project->projectCommon()->reserveId(attributes.findId(key).value_or(SC_Id()));
+    while (m_xml.readNextStartElement())
+        skipReservingIds();
 }
 
 /// An id belongs to one thing. False, and an error, when it is taken.
@@ -362,6 +374,7 @@ bool ProjectReader::takeId(const SC_Id &id)
 {
     const qsizetype known = m_ids.size();
     m_ids.insert(id.value());
+    m_project->projectCommon()->reserveId(id);
     if (m_ids.size() > known)
         return true;
     fail(QStringLiteral("the id %1 is given twice").arg(id.AsString()));

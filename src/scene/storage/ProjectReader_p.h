@@ -55,6 +55,7 @@ private:
     void end();
     void skipUnknown();
     void skipDamaged(const QString &item, const QString &reason);
+    void skipReservingIds();
     bool takeId(const SC_Id &id);
     void fail(const QString &message);
 

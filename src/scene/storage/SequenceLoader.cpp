@@ -75,7 +75,6 @@ void SequenceLoader::addTransition(const ElementAttributes &attributes)
     const auto before = attributes.findFrames(keys::before);
     transition.readable = id && isRange(from, frames) && before && *before <= *frames;
     transition.id = id.value_or(SC_Id());
-    m_sequence.sceneCommon()->projectCommon()->reserveId(transition.id);
     transition.from = from.value_or(0);
     transition.frames = frames.value_or(0);
     transition.before = before.value_or(0);

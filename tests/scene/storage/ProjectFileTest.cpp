@@ -134,6 +134,36 @@ TEST(ProjectFile, RaisesTheNextIdAboveEveryIdInIt)
         1001);
     EXPECT_EQ(nextId("<scene object='1' scene='2'><sounds name=''><sound id='1100' from='1' to='1'/></sounds></scene>"),
         1101);
+    EXPECT_EQ(nextId("<scene object='1' scene='2'><sounds name=''><sound id='1200' from='0'/></sounds></scene>"), 1201);
+    EXPECT_EQ(nextId("<scene object='1' scene='2'/><scene object='1300'/>"), 1301);
+    EXPECT_EQ(nextId("<scene object='1' scene='2'/><scene object='0' scene='1400'/>"), 1401);
+    EXPECT_EQ(nextId("<scene object='1' scene='2'/><scene><sounds name=''><sound id='1500' from='1' to='1'/></sounds>"
+                     "<metadata type='t'><t id='1600'/></metadata></scene>"),
+        1501);
+}
+
+TEST(ProjectFile, OpensAgainAlsoWhenItsNumbersAreUsedUp)
+{
+    const auto saved = [](const QByteArray &content) {
+        SC_FileReport report;
+        const UT_SharedPtr<SC_Project> project(
+            SC_ProjectFile::fromText(documentOf(content), QStringLiteral("/nowhere/everything.plotka"), report));
+        EXPECT_TRUE(project) << textOf(report);
+        return project ? SC_ProjectFile::toText(*project, QStringLiteral("everything")) : QByteArray();
+    };
+    const QByteArray last = saved("<scene object='1' scene='4611686018427387903'/>");
+    EXPECT_TRUE(last.contains("nextId=\"4611686018427387904\""));
+    ASSERT_TRUE(read(last));
+    EXPECT_TRUE(read(last)->projectCommon()->createId().isNull());
+    for (const char *id : {"4611686018427387904", "9223372036854775807", "-1", "-9223372036854775808"}) {
+        const QByteArray text = saved(QByteArray("<scene object='1' scene='2'><sequence name='s'><clip from='1' "
+                                                 "frames='1' object='3' scene='")
+            + id + "'/></sequence><sounds name=''><sound id='" + id + "' from='1' to='1'/></sounds></scene>"
+            + "<scene object='7' scene='" + id + "'/>");
+        EXPECT_FALSE(text.contains(id));
+        ASSERT_TRUE(read(text));
+        EXPECT_EQ(read(text)->projectCommon()->nextId(), 100);
+    }
 }
 
 TEST(ProjectFile, TakesItsNameFromWhereItLies)
