@@ -9,12 +9,13 @@
 #include "scene/session/TUScene.h"
 #include "scene/storage/ElementAttributes_p.h"
 #include "scene/storage/ProjectFileKeys_p.h"
-#include "scene/storage/SequenceLoader_p.h"
 #include "scene/storage/XmlBounds_p.h"
 #include "scene/timeline/TUSeqTimedValue.h"
 #include "scene/timeline/TUSoundTimedValue.h"
 
 #include <QFileInfo>
+
+#include <utility>
 
 namespace keys = ProjectFileKeys;
 
@@ -63,8 +64,11 @@ SC_Project *ProjectReader::read()
         m_report.fail(
             FilePlace::of(m_xml), isTruncated ? QStringLiteral("the file is truncated") : m_xml.errorString());
     }
-    if (!m_report.hasFailed())
+    if (!m_report.hasFailed()) {
+        for (SequenceLoader &sequence : m_sequences)
+            sequence.finish();
         m_network.finish();
+    }
     m_report.close();
     return m_report.hasFailed() ? nullptr : m_project.release();
 }
@@ -194,8 +198,7 @@ void ProjectReader::readSequence(TUScene &scene)
         }
         end();
     }
-    if (!m_xml.hasError())
-        loader.finish();
+    m_sequences.push_back(std::move(loader));
 }
 
 void ProjectReader::readSounds(TUScene &scene)

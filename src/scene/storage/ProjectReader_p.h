@@ -3,6 +3,7 @@
 #include "scene/base/SC_Id.h"
 #include "scene/storage/LoadReport_p.h"
 #include "scene/storage/NetworkLoader_p.h"
+#include "scene/storage/SequenceLoader_p.h"
 
 #include <QBuffer>
 #include <QByteArray>
@@ -11,6 +12,7 @@
 #include <QXmlStreamReader>
 
 #include <memory>
+#include <vector>
 
 class PIO_Metadatas;
 class SC_Project;
@@ -66,6 +68,7 @@ private:
     QXmlStreamReader m_xml;
     std::unique_ptr<SC_Project> m_project;
     NetworkLoader m_network;
+    std::vector<SequenceLoader> m_sequences;
     QSet<qint64> m_ids;
     SC_Id m_sceneId; // of the scene that is being read
     int m_items = 0;

@@ -2,6 +2,7 @@
 
 #include "scene/session/SC_ProjectCommon.h"
 #include "scene/session/SC_SceneCommon.h"
+#include "scene/session/TUScene.h"
 #include "scene/storage/ElementAttributes_p.h"
 #include "scene/storage/ProjectFileKeys_p.h"
 #include "scene/timeline/AT_TimeWarpSeq.h"
@@ -24,6 +25,11 @@ bool isRange(std::optional<unsigned int> from, std::optional<unsigned int> frame
     return from && frames && *from >= 1 && *frames >= 1 && quint64(*from) + *frames - 1 <= TUSeqTimedValue::maxFrame;
 }
 
+QString belongsElsewhere(const SC_Id &id)
+{
+    return QStringLiteral("the id %1 belongs to something else").arg(id.AsString());
+}
+
 } // namespace
 
 SequenceLoader::SequenceLoader(TUSeqTimedValue &sequence, LoadReport &report) : m_sequence(sequence), m_report(report)
@@ -32,7 +38,6 @@ SequenceLoader::SequenceLoader(TUSeqTimedValue &sequence, LoadReport &report) : 
 
 void SequenceLoader::addBlock(Kind kind, const ElementAttributes &attributes)
 {
-    SC_ProjectCommon &project = *m_sequence.sceneCommon()->projectCommon();
     Block block;
     block.kind = kind;
     block.place = attributes.place();
@@ -41,8 +46,8 @@ void SequenceLoader::addBlock(Kind kind, const ElementAttributes &attributes)
     const auto frames = attributes.findFrames(keys::frames);
     const auto object = attributes.findId(keys::object);
     const auto scene = attributes.findId(keys::scene);
-    project.reserveId(object.value_or(SC_Id()));
-    project.reserveId(scene.value_or(SC_Id()));
+    project().reserveId(object.value_or(SC_Id()));
+    project().reserveId(scene.value_or(SC_Id()));
     const bool isReadable = isRange(from, frames) && (kind == Kind::Empty || (object && scene));
     if (!isReadable) {
         refuse(block, QStringLiteral("its frames or ids cannot be read"));
@@ -73,7 +78,7 @@ void SequenceLoader::addTransition(const ElementAttributes &attributes)
     const auto from = attributes.findFrames(keys::from);
     const auto frames = attributes.findFrames(keys::frames);
     const auto before = attributes.findFrames(keys::before);
-    transition.readable = id && isRange(from, frames) && before && *before <= *frames;
+    transition.readable = id && !id->isNull() && isRange(from, frames) && before && *before <= *frames;
     transition.id = id.value_or(SC_Id());
     transition.from = from.value_or(0);
     transition.frames = frames.value_or(0);
@@ -94,7 +99,7 @@ void SequenceLoader::finish()
     for (Block &block : m_blocks) {
         const bool stands = insert(block);
         if (block.isJoined && !(stands && previous && join(*previous, block))) {
-            refuse(*block.transition, QStringLiteral("it has no room between the two blocks"));
+            refuse(*block.transition, conflictOf(*block.transition));
             block.isWhole = false;
             if (previous)
                 previous->isWhole = false;
@@ -110,6 +115,36 @@ void SequenceLoader::finish()
     }
 }
 
+SC_ProjectCommon &SequenceLoader::project() const
+{
+    return *m_sequence.sceneCommon()->projectCommon();
+}
+
+/// What keeps the block from standing where there is room for it; empty when nothing does.
+QString SequenceLoader::conflictOf(const Block &block) const
+{
+    switch (project().claimOf(block.object, block.scene)) {
+    case SC_ProjectCommon::Free:
+        return QString();
+    case SC_ProjectCommon::Placed:
+        return QStringLiteral("its scene is placed already");
+    case SC_ProjectCommon::Foreign:
+        break;
+    }
+    const auto *scene = static_cast<const TUScene *>(project().sceneManager()->find(block.scene));
+    if (scene && scene->objectId() != block.object)
+        return QStringLiteral("it places scene %1 under another object id").arg(block.scene.AsString());
+    const bool isOfObject = !block.object.isNull() && !project().isFree(block.object);
+    return belongsElsewhere(isOfObject ? block.object : block.scene);
+}
+
+/// What keeps the transition from lying over two blocks that are there.
+QString SequenceLoader::conflictOf(const Transition &transition) const
+{
+    return project().isFree(transition.id) ? QStringLiteral("it has no room between the two blocks")
+                                           : belongsElsewhere(transition.id);
+}
+
 /// Puts the blocks in order and drops those that place something already placed.
 void SequenceLoader::sortOut()
 {
@@ -117,22 +152,23 @@ void SequenceLoader::sortOut()
     if (!std::is_sorted(m_blocks.begin(), m_blocks.end(), beginsBefore))
         std::stable_sort(m_blocks.begin(), m_blocks.end(), beginsBefore);
 
-    const SC_ProjectCommon &project = *m_sequence.sceneCommon()->projectCommon();
-    QSet<qint64> placed;
-    const auto isPlaced = [&](const SC_Id &id) {
-        if (id.isNull())
-            return false;
-        const bool known = project.isPlaced(id) || placed.contains(id.value());
-        placed.insert(id.value());
-        return known;
+    QSet<qint64> told;
+    const auto isTold = [&told](const SC_Id &id) {
+        const qsizetype known = told.size();
+        told.insert(id.value());
+        return !id.isNull() && told.size() == known;
     };
     const auto isRefused = [&](const Block &block) {
         if (block.kind == Kind::Empty)
             return false;
-        const bool objectIsPlaced = isPlaced(block.object);
-        if (!isPlaced(block.scene) && !objectIsPlaced)
-            return false;
-        refuse(block, QStringLiteral("its scene is placed already"));
+        QString conflict = conflictOf(block);
+        if (conflict.isEmpty()) {
+            const bool objectIsTold = isTold(block.object);
+            if (!isTold(block.scene) && !objectIsTold)
+                return false;
+            conflict = QStringLiteral("its scene is placed already");
+        }
+        refuse(block, conflict);
         if (block.transition)
             refuse(*block.transition, QStringLiteral("the block it leads into was left out"));
         return true;
@@ -183,7 +219,8 @@ bool SequenceLoader::insert(Block &block)
     }
     if (!isLeft || !m_sequence.insertBlock(block.cutFrom, frames, seq.get())) {
         block.warp = nullptr;
-        refuse(block, QStringLiteral("its frames overlap those of another block"));
+        const QString conflict = conflictOf(block); // with a transition that was put in before it
+        refuse(block, conflict.isEmpty() ? QStringLiteral("its frames overlap those of another block") : conflict);
         return false;
     }
     seq.release(); // the sequence counts it now

@@ -8,10 +8,11 @@
 
 class AT_TimeWarpSeq;
 class ElementAttributes;
+class SC_ProjectCommon;
 class TUSeq;
 class TUSeqTimedValue;
 
-/// Collects the blocks of one sequence as the file tells them and then puts them in.
+/// Collects the blocks of one sequence as the file tells them and puts them in when all scenes are there.
 ///
 /// A file tells blocks as they stand, the two beside a transition overlapping. They are put in up to the
 /// cut, and the transition then makes the overlap, so that whatever the edits refuse is refused here too.
@@ -26,6 +27,7 @@ public:
     /// It leads into the block that is added next.
     void addTransition(const ElementAttributes &attributes);
 
+    /// Once all scenes are there: only then is it known what each id belongs to.
     void finish();
 
 private:
@@ -58,6 +60,9 @@ private:
         bool isWhole = true; // stands in the frames that the file gives it
     };
 
+    SC_ProjectCommon &project() const;
+    QString conflictOf(const Block &block) const;
+    QString conflictOf(const Transition &transition) const;
     void sortOut();
     void cut();
     bool insert(Block &block);

@@ -319,6 +319,50 @@ TEST(DamagedSequence, LeavesOutASceneThatIsPlacedAlready)
     }
 }
 
+TEST(DamagedSequence, LeavesOutASceneUnderAnotherObjectIdWhereverTheSceneIsTold)
+{
+    const QByteArray top = "<scene object='1' scene='2'><sequence name='s'><clip from='1' frames='9' object='5' "
+                           "scene='6'/><clip from='10' frames='9' object='55' scene='7'/></sequence></scene>";
+    const QByteArray bottom = "<scene object='3' scene='4'><sequence name='t'><clip from='1' frames='9' object='5' "
+                              "scene='6'/><clip from='10' frames='9' object='55' scene='6'/></sequence></scene>";
+    const QByteArray scene = "<scene object='55' scene='6'/>";
+    const QByteArray first = "<scene object='8' scene='9'/>";
+    for (const QByteArray &content :
+        {top + bottom + scene, first + top + scene + bottom, first + scene + top + bottom}) {
+        const std::string read = readAsText(documentOf(content));
+        EXPECT_NE(read.find("scene 6, object 55"), std::string::npos);
+        EXPECT_NE(read.find("  sequence \"s\"\n  GROUP"), std::string::npos) << read;
+        EXPECT_NE(read.find("  sequence \"t\"\n    10-18 object 55, scene 6\n  GROUP"), std::string::npos) << read;
+        EXPECT_NE(read.find("block of \"s\", object 5: left out: it places scene 6 under another object id"),
+            std::string::npos);
+        EXPECT_NE(
+            read.find("block of \"s\", object 55: left out: the id 55 belongs to something else"), std::string::npos);
+        EXPECT_NE(read.find("block of \"t\", object 5: left out: it places scene 6 under another object id"),
+            std::string::npos);
+    }
+}
+
+TEST(DamagedSequence, LeavesOutWhatHasTheIdOfSomethingElse)
+{
+    const std::string told = readAsText(withScene(
+        "<sequence name='s'><clip from='1' frames='10' object='3' scene='4'/>"
+        "<transition from='9' frames='2' id='5' before='1'/><clip from='9' frames='9' object='6' scene='7'/>"
+        "<transition from='17' frames='1' id='3' before='1'/><clip from='17' frames='9' object='9' scene='10'/>"
+        "<clip from='26' frames='9' object='5' scene='11'/><clip from='35' frames='9' object='12' scene='8'/>"
+        "<clip from='44' frames='9' object='13' scene='13'/></sequence>"
+        "<sounds name='a'><sound id='8' from='1' to='2'/></sounds>"));
+    EXPECT_NE(
+        told.find("    1-10 object 3, scene 4\n    9-10 transition 5, 1 before the cut, type 0, angle 0\n"
+                  "    9-17 object 6, scene 7\n    18-25 object 9, scene 10\n  sounds \"a\"\n    1-2 sound 8 \"\"\n"),
+        std::string::npos)
+        << told;
+    for (const char *left : {"transition of \"s\": left out: the id 3 belongs to something else",
+             "block of \"s\", object 5: left out: the id 5 belongs to something else",
+             "block of \"s\", object 12: left out: the id 8 belongs to something else",
+             "block of \"s\", object 13: left out: the id 13 belongs to something else"})
+        EXPECT_NE(told.find(left), std::string::npos) << left << '\n' << told;
+}
+
 TEST(DamagedSequence, CutsWhereATransitionCannotBe)
 {
     const auto read = [](const char *transition) {
