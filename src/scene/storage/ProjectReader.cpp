@@ -75,13 +75,13 @@ SC_Project *ProjectReader::read()
 
 void ProjectReader::readProject()
 {
-    if (!m_xml.readNextStartElement())
+    if (!findElement())
         return;
     if (m_xml.name() != keys::plotka)
         return fail(QStringLiteral("this is no Plotka project"));
     if (!readHeader())
         return;
-    while (m_xml.readNextStartElement()) {
+    while (findElement()) {
         if (m_xml.name() == keys::metadata)
             readRecord(m_project->metadatas());
         else if (m_xml.name() == keys::scene)
@@ -148,7 +148,7 @@ void ProjectReader::readScene()
 void ProjectReader::readSceneParts(TUScene &scene)
 {
     bool hasRoot = false;
-    while (m_xml.readNextStartElement()) {
+    while (findElement()) {
         const QStringView name = m_xml.name();
         if (name == keys::metadata)
             readRecord(scene.metadatas());
@@ -171,7 +171,7 @@ void ProjectReader::readSequence(TUScene &scene)
         return;
     TUSeqTimedValue &sequence = *scene.addSeqTimedValue(ElementAttributes(m_xml, m_report).text(keys::name));
     SequenceLoader loader(sequence, m_report);
-    while (m_xml.readNextStartElement()) {
+    while (findElement()) {
         const QStringView name = m_xml.name();
         if (name == keys::link) {
             readLink(sequence);
@@ -210,7 +210,7 @@ void ProjectReader::readSounds(TUScene &scene)
     sounds.audible = attributes.readBool(keys::audible, true);
     sounds.muted = attributes.readBool(keys::muted, false);
     sounds.setExcluded(attributes.readBool(keys::excluded, false));
-    while (m_xml.readNextStartElement()) {
+    while (findElement()) {
         if (m_xml.name() == keys::link)
             readLink(sounds);
         else if (m_xml.name() == keys::sound)
@@ -261,7 +261,7 @@ void ProjectReader::readRoot(TUScene &scene)
 
 void ProjectReader::readNodesOf(TUGroup &group)
 {
-    while (m_xml.readNextStartElement()) {
+    while (findElement()) {
         if (m_xml.name() == keys::node)
             readNode(group);
         else
@@ -341,10 +341,23 @@ bool ProjectReader::begin()
     return false;
 }
 
+/// Goes to the next element of the current one, or to its end: then false. Words between elements are told of.
+bool ProjectReader::findElement()
+{
+    while (m_xml.readNext() != QXmlStreamReader::Invalid && !m_xml.isEndElement()) {
+        if (m_xml.isStartElement())
+            return true;
+        if (m_xml.isCharacters() && !m_xml.text().trimmed().isEmpty())
+            m_report.warn(FilePlace::of(m_xml), QStringLiteral("text"),
+                QStringLiteral("left out: no text is known between elements here"));
+    }
+    return false;
+}
+
 /// Leaves an element that holds nothing else.
 void ProjectReader::end()
 {
-    while (m_xml.readNextStartElement())
+    while (findElement())
         skipUnknown();
 }
 

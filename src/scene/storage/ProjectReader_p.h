@@ -54,6 +54,7 @@ private:
     void readRecord(PIO_Metadatas *records);
 
     bool begin();
+    bool findElement();
     void end();
     void skipUnknown();
     void skipDamaged(const QString &item, const QString &reason);

@@ -254,6 +254,18 @@ TEST(DamagedProjectFile, LeavesOutWhatIsUnknown)
         "p.plotka:1:148: warning: later: left out: it is not known here\n");
 }
 
+TEST(DamagedProjectFile, TellsOfTextBetweenElements)
+{
+    EXPECT_EQ(readAsText(documentOf("<scene object='1' scene='2'>\n<sequence name='s'/> stray\nwords<!-- no words -->\n"
+                                    "</scene>&#32;<![CDATA[more]]>")),
+        "project \"p\", rate 24, start 0, next id 100\nscene 2, object 1\n  sequence \"s\"\n  GROUP \"Top\"\n"
+        "p.plotka:3:7: warning: text: left out: no text is known between elements here\n"
+        "p.plotka:4:30: warning: text: left out: no text is known between elements here\n");
+    const std::string inside = readAsText(withScene("<sequence name='s'><empty from='1' frames='2'>x</empty></sequence>"
+                                                    "<node class='group' number='1' name='Top'>y</node>"));
+    EXPECT_NE(inside.find("text: left out"), inside.rfind("text: left out"));
+}
+
 TEST(DamagedProjectFile, TellsOfAThousandWarningsAndCountsTheRest)
 {
     SC_FileReport report;
