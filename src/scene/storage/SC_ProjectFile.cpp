@@ -20,6 +20,7 @@ namespace
 
 // A hundred times what a hundred hours of storyboard take.
 constexpr qint64 largestFile = qint64(1) << 30;
+constexpr qint64 blockSize = qint64(1) << 20;
 
 void fail(SC_FileReport &report, const QString &filePath, const QString &message)
 {
@@ -45,12 +46,20 @@ std::optional<QByteArray> contentOf(const QString &filePath, SC_FileReport &repo
         fail(report, filePath, QStringLiteral("cannot be opened: %1").arg(file.errorString()));
         return std::nullopt;
     }
-    const QByteArray content = file.read(largestFile + 1);
+    QByteArray content;
+    bool isTooLarge = file.size() > largestFile;
+    while (!isTooLarge) {
+        const QByteArray block = file.read(blockSize); // it makes room for as much as it is asked for
+        if (block.isEmpty())
+            break;
+        content += block;
+        isTooLarge = content.size() > largestFile;
+    }
     if (file.error() != QFileDevice::NoError) {
         fail(report, filePath, QStringLiteral("cannot be read: %1").arg(file.errorString()));
         return std::nullopt;
     }
-    if (content.size() > largestFile) {
+    if (isTooLarge) {
         fail(report, filePath, QStringLiteral("the file is larger than %1 bytes").arg(largestFile));
         return std::nullopt;
     }

@@ -161,6 +161,31 @@ TEST(Saving, FailsWhereNothingCanBeWritten)
     EXPECT_TRUE(report.hasErrors());
 }
 
+TEST(Opening, IsRefusedForAFileThatIsTooLarge)
+{
+    SavedProject saved;
+    ASSERT_TRUE(QFile::resize(saved.path, (qint64(1) << 30) + 1)); // takes no room: it is all hole
+    SC_FileReport report;
+    EXPECT_EQ(TestSession().openProject(saved.path, &report), nullptr);
+    EXPECT_EQ(textOf(report), "p.plotka: error: the file is larger than 1073741824 bytes\n");
+    EXPECT_EQ(saved.saveRefused(), textOf(report));
+}
+
+#if !defined(__SANITIZE_ADDRESS__) // whose shadow alone takes more
+TEST(Opening, TakesNoMoreRoomThanTheFileNeeds)
+{
+    SavedProject saved;
+    const pid_t child = inChild([&]() noexcept {
+        const rlimit limit{rlim_t(1) << 30, rlim_t(1) << 30};
+        setrlimit(RLIMIT_AS, &limit);
+        _exit(saved.session.openProject(saved.path) && saved.session.saveProject() ? 0 : 1);
+    });
+    int status = 0;
+    ASSERT_EQ(waitpid(child, &status, 0), child);
+    EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0);
+}
+#endif
+
 TEST(Opening, TellsWhatIsNoFile)
 {
     const QTemporaryDir folder;
