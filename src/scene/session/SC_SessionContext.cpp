@@ -104,19 +104,26 @@ SC_Project *SC_SessionContext::openProject(const QString &path, SC_FileReport *r
 
 bool SC_SessionContext::saveProject(SC_FileReport *report)
 {
-    return project() && saveProjectAs(project()->projectCommon()->dbSceneData()->filePath(), report);
+    return saveProjectAs(project() ? project()->projectCommon()->dbSceneData()->filePath() : QString(), report);
 }
 
 bool SC_SessionContext::saveProjectAs(const QString &path, SC_FileReport *report)
 {
-    const QFileInfo file(path);
-    if (!project() || file.suffix() != QStringLiteral("plotka") || file.completeBaseName().isEmpty())
-        return false;
     SC_FileReport unheard;
-    if (!SC_ProjectFile::write(*project(), path, report ? *report : unheard))
+    SC_FileReport &told = report ? *report : unheard;
+    if (!project()) {
+        told.add({SC_FileReport::Error, path, 0, 0, QString(), QStringLiteral("not saved: there is no project")});
         return false;
-    project()->projectCommon()->dbSceneData()->setLocation(file.path(), file.completeBaseName());
-    return true;
+    }
+    // What is written where the project lives is its own file from then on.
+    TUDbSceneData &data = *project()->projectCommon()->dbSceneData();
+    const TUDbSceneData before = data;
+    const QFileInfo file(path);
+    data.setLocation(file.path(), file.completeBaseName());
+    if (SC_ProjectFile::write(*project(), path, told))
+        return true;
+    data = before;
+    return false;
 }
 
 void SC_SessionContext::adopt(SC_Project *project)

@@ -27,6 +27,12 @@ void fail(SC_FileReport &report, const QString &filePath, const QString &message
     report.add({SC_FileReport::Error, filePath, 0, 0, QString(), message});
 }
 
+/// "<name>.plotka" and nothing else, since saving writes to such a name.
+bool isNamedAsProject(const QFileInfo &file)
+{
+    return file.suffix() == QStringLiteral("plotka") && !file.completeBaseName().isEmpty();
+}
+
 QByteArray digestOf(const QByteArray &text)
 {
     return QCryptographicHash::hash(text, QCryptographicHash::Blake2b_256);
@@ -94,10 +100,14 @@ QString SC_ProjectFile::resolve(const QString &path, SC_FileReport &report)
         fail(report, path, QStringLiteral("there is no such file or folder"));
         return QString();
     }
-    if (!info.isDir())
+    if (!info.isDir() && isNamedAsProject(info))
         return path;
-    const QStringList files =
-        QDir(path).entryList({QStringLiteral("*.plotka")}, QDir::Files | QDir::Hidden, QDir::Name);
+    if (!info.isDir()) {
+        fail(report, path, QStringLiteral("the name of a project file is \"<name>.plotka\""));
+        return QString();
+    }
+    const QStringList files = QDir(path).entryList(
+        {QStringLiteral("?*.plotka")}, QDir::Files | QDir::Hidden | QDir::CaseSensitive, QDir::Name);
     if (files.size() == 1)
         return QDir(path).filePath(files.first());
     fail(report, path,
@@ -120,6 +130,10 @@ SC_Project *SC_ProjectFile::read(const QString &filePath, SC_FileReport &report)
 bool SC_ProjectFile::write(const SC_Project &project, const QString &filePath, SC_FileReport &report)
 {
     const QFileInfo info(filePath);
+    if (!isNamedAsProject(info)) {
+        fail(report, filePath, QStringLiteral("not saved: the name of a project file is \"<name>.plotka\""));
+        return false;
+    }
     const QByteArray text = toText(project, info.completeBaseName());
     if (text.size() > largestFile) {
         fail(report, filePath, QStringLiteral("not saved: the file would be larger than %1 bytes").arg(largestFile));
@@ -141,7 +155,9 @@ bool SC_ProjectFile::write(const SC_Project &project, const QString &filePath, S
         fail(report, filePath, QStringLiteral("not saved: %1").arg(file.errorString()));
         return false;
     }
-    data.setFileDigest(digestOf(text));
+    // A copy elsewhere says nothing of the project's own file.
+    if (QFileInfo(filePath) == QFileInfo(data.filePath()))
+        data.setFileDigest(digestOf(text));
     return true;
 }
 

@@ -12,7 +12,8 @@ class SC_Project;
 namespace SC_ProjectFile
 {
 
-/// The file that @p path means: itself, or the one project file in the folder; empty, with an error, otherwise.
+/// The file that @p path means: itself, or the one project file in the folder; empty, with an error, otherwise. A
+/// project file is called "<name>.plotka" to the letter.
 PLOTKA_SCENE_EXPORT QString resolve(const QString &path, SC_FileReport &report);
 
 /// A new project without a change manager, count 0, which the caller takes over; null with an error in @p report.

@@ -4,6 +4,7 @@
 #include "scene/session/TUScene.h"
 #include "scene/storage/SC_FileReport.h"
 #include "scene/storage/SC_ProjectFile.h"
+#include "support/News.h"
 #include "support/ProjectText.h"
 #include "support/SampleProject.h"
 
@@ -159,6 +160,84 @@ TEST(Saving, FailsWhereNothingCanBeWritten)
     report.clear();
     EXPECT_FALSE(session.saveProjectAs(folder.filePath(QStringLiteral("p.plotka")), &report));
     EXPECT_TRUE(report.hasErrors());
+}
+
+TEST(Saving, ToAnotherPlaceLeavesTheProjectItsOwnFile)
+{
+    SavedProject saved;
+    const QByteArray first = contentOf(saved.path);
+    const QString copy = saved.folder.filePath(QStringLiteral("copy.plotka"));
+    saved.change(QStringLiteral("a"));
+    SC_FileReport report;
+    ASSERT_TRUE(SC_ProjectFile::write(*saved.session.project(), copy, report)) << textOf(report);
+    EXPECT_EQ(contentOf(saved.path), first);
+    EXPECT_TRUE(saved.session.saveProject(&report)) << textOf(report);
+    EXPECT_TRUE(SC_ProjectFile::write(*saved.session.project(), saved.path, report)) << textOf(report);
+    saved.change(QStringLiteral("b"));
+    EXPECT_TRUE(saved.session.saveProject(&report)) << textOf(report);
+}
+
+TEST(Saving, ChangesNothingInTheProject)
+{
+    SavedProject saved;
+    const std::string before = textOf(*saved.session.project());
+    News news(*saved.session.changeManager());
+    EXPECT_TRUE(saved.session.saveProject());
+    EXPECT_TRUE(saved.session.saveProjectAs(saved.folder.filePath(QStringLiteral("other/p.plotka"))));
+    EXPECT_FALSE(saved.session.saveProjectAs(saved.folder.filePath(QStringLiteral("p.xml"))));
+    EXPECT_EQ(news.told(), "");
+    EXPECT_EQ(textOf(*saved.session.project()), before);
+    EXPECT_EQ(saved.session.project()->projectCommon()->dbSceneData()->projectDir(),
+        saved.folder.filePath(QStringLiteral("other")));
+}
+
+TEST(Saving, TellsWhyItIsRefused)
+{
+    SC_FileReport report;
+    TestSession empty;
+    EXPECT_FALSE(empty.saveProject(&report));
+    EXPECT_FALSE(empty.saveProjectAs(QStringLiteral("/nowhere/p.plotka"), &report));
+    EXPECT_FALSE(empty.saveProject());
+    EXPECT_EQ(
+        textOf(report), "error: not saved: there is no project\np.plotka: error: not saved: there is no project\n");
+
+    SavedProject saved;
+    for (const char *name : {"p", "p.xml", "p.PLOTKA", "p.plotka.bak", ".plotka"}) {
+        report.clear();
+        const QString path = saved.folder.filePath(QString::fromLatin1(name));
+        EXPECT_FALSE(saved.session.saveProjectAs(path, &report));
+        EXPECT_EQ(textOf(report),
+            name + std::string(": error: not saved: the name of a project file is \"<name>.plotka\"\n"));
+        EXPECT_FALSE(SC_ProjectFile::write(*saved.session.project(), path, report));
+        EXPECT_FALSE(QFile::exists(path));
+    }
+    EXPECT_TRUE(saved.session.saveProject()) << "it lives where it did";
+    EXPECT_EQ(QDir(saved.folder.path()).entryList(QDir::Files), QStringList{QStringLiteral("p.plotka")});
+}
+
+TEST(Opening, QueuesNothing)
+{
+    const QTemporaryDir folder;
+    TestSession session;
+    fillWithEverything(*session.newProject(folder.path(), QStringLiteral("p")));
+    ASSERT_TRUE(session.saveProject());
+    TestSession other;
+    News news(*other.changeManager());
+    ASSERT_TRUE(other.openProject(folder.path()));
+    EXPECT_EQ(news.told(), "");
+}
+
+TEST(Opening, IsRefusedForAFileOfAnotherName)
+{
+    SavedProject saved;
+    for (const char *name : {"p.xml", "P.PLOTKA", "p.plotka.bak", ".plotka", "plotka"}) {
+        const QString path = saved.folder.filePath(QString::fromLatin1(name));
+        ASSERT_TRUE(QFile::copy(saved.path, path));
+        SC_FileReport report;
+        EXPECT_EQ(saved.session.openProject(path, &report), nullptr);
+        EXPECT_EQ(textOf(report), name + std::string(": error: the name of a project file is \"<name>.plotka\"\n"));
+    }
+    EXPECT_TRUE(saved.session.openProject(saved.folder.path())) << "the only project file in the folder";
 }
 
 TEST(Opening, IsRefusedForAFileThatIsTooLarge)
