@@ -1,5 +1,6 @@
 #include "scene/storage/ProjectWriter_p.h"
 
+#include "scene/metadata/PIO_Metadatas.h"
 #include "scene/metadata/PIO_RecordWriter.h"
 #include "scene/metadata/PIO_WritingContext.h"
 #include "scene/metadata/PO_XmlWriter.h"
@@ -64,12 +65,18 @@ void ProjectWriter::write(const QString &name)
     m_writer.encodeStringAttr(keys::nextId, textOf(common.nextId()));
     m_writer.encodeStringAttr(keys::rate, common.frameRate().asString());
     m_writer.encodeStringAttr(keys::startTimecode, textOf(common.startTimecode()));
-    PIO_RecordWriter::write(m_project.metadatas(), m_context);
+    writeRecords(m_project.metadatas());
     for (unsigned int i = 0; i < m_project.sceneCount(); ++i) {
         if (const auto *scene = dynamic_cast<const TUScene *>(m_project.sceneAt(i)))
             writeScene(*scene);
     }
     m_writer.endElement();
+}
+
+void ProjectWriter::beginItem(const QString &key)
+{
+    ++m_items;
+    m_writer.beginElement(key);
 }
 
 void ProjectWriter::number(const TUScene &scene)
@@ -92,12 +99,18 @@ void ProjectWriter::number(const TUGroup &group, int &last)
     }
 }
 
+void ProjectWriter::writeRecords(const PIO_Metadatas *records)
+{
+    m_items += records->end() - records->begin();
+    PIO_RecordWriter::write(records, m_context);
+}
+
 void ProjectWriter::writeScene(const TUScene &scene)
 {
-    m_writer.beginElement(keys::scene);
+    beginItem(keys::scene);
     m_writer.encodeStringAttr(keys::object, scene.objectId().AsString());
     m_writer.encodeStringAttr(keys::scene, scene.sceneId().AsString());
-    PIO_RecordWriter::write(scene.metadatas(), m_context);
+    writeRecords(scene.metadatas());
     for (const TUTimedValue *timedValue : scene.timedValues()) {
         if (const auto *sequence = dynamic_cast<const TUSeqTimedValue *>(timedValue))
             writeSequence(*sequence);
@@ -113,7 +126,7 @@ void ProjectWriter::writeScene(const TUScene &scene)
 
 void ProjectWriter::writeSequence(const TUSeqTimedValue &sequence)
 {
-    m_writer.beginElement(keys::sequence);
+    beginItem(keys::sequence);
     m_writer.encodeStringAttr(keys::name, sequence.getName());
     writeLinks(sequence);
     for (auto block = sequence.beginBlock(); block != sequence.endBlock(); ++block)
@@ -126,7 +139,7 @@ void ProjectWriter::writeLinks(const TUTimedValue &timedValue)
     for (const MO_Node *node : timedValue.linkedNodes()) {
         if (!m_numbers.contains(node))
             continue;
-        m_writer.beginElement(keys::link);
+        beginItem(keys::link);
         writeReference(keys::node, keys::scene, node, timedValue.sceneCommon()->scene());
         m_writer.endElement();
     }
@@ -139,11 +152,11 @@ void ProjectWriter::writeBlock(const AT_FrameBlock &block)
     const AT_TimeWarpSeq *const warp = AT_TimeWarpSeq::toTimeWarp(seq);
     const bool placesScene = seq && seq->identifiedSeq() && seq->sceneSeq();
     if (transition)
-        m_writer.beginElement(keys::transition);
+        beginItem(keys::transition);
     else if (placesScene)
-        m_writer.beginElement(warp ? keys::warp : keys::clip);
+        beginItem(warp ? keys::warp : keys::clip);
     else
-        m_writer.beginElement(keys::empty);
+        beginItem(keys::empty);
     m_writer.encodeStringAttr(keys::from, textOf(block.fromFrame()));
     m_writer.encodeStringAttr(keys::frames, textOf(block.key.frameCount));
     if (transition) {
@@ -165,14 +178,14 @@ void ProjectWriter::writeBlock(const AT_FrameBlock &block)
 
 void ProjectWriter::writeSounds(const TUSoundTimedValue &sounds)
 {
-    m_writer.beginElement(keys::sounds);
+    beginItem(keys::sounds);
     m_writer.encodeStringAttr(keys::name, sounds.getName());
     m_writer.encodeBoolAttr(keys::audible, sounds.audible);
     m_writer.encodeBoolAttr(keys::muted, sounds.muted);
     m_writer.encodeBoolAttr(keys::excluded, sounds.isExcluded());
     writeLinks(sounds);
     for (const TUSoundTimedValue::Sound &sound : sounds.sounds()) {
-        m_writer.beginElement(keys::sound);
+        beginItem(keys::sound);
         m_writer.encodeStringAttr(keys::id, sound.id.AsString());
         m_writer.encodeStringAttr(keys::from, textOf(sound.fromFrame));
         m_writer.encodeStringAttr(keys::to, textOf(sound.toFrame));
@@ -184,7 +197,7 @@ void ProjectWriter::writeSounds(const TUSoundTimedValue &sounds)
 
 void ProjectWriter::writeNode(const MO_Node &node)
 {
-    m_writer.beginElement(keys::node);
+    beginItem(keys::node);
     const QString &kind = classOf(node);
     m_writer.encodeStringAttr(keys::kind, kind);
     writeCommonOf(node);
@@ -205,7 +218,7 @@ void ProjectWriter::writeNode(const MO_Node &node)
 
 void ProjectWriter::writeComposite(const MO_UnconnectedCompositeModule &composite)
 {
-    m_writer.beginElement(keys::composite);
+    beginItem(keys::composite);
     writeCommonOf(composite);
     m_writer.encodeBoolAttr(keys::firstAttribute, composite.firstAttribute()->value());
     m_writer.endElement();

@@ -7,6 +7,7 @@
 class AT_FrameBlock;
 class MO_Node;
 class MO_UnconnectedCompositeModule;
+class PIO_Metadatas;
 class PIO_WritingContext;
 class PO_XmlWriter;
 class SC_Project;
@@ -23,11 +24,15 @@ public:
     ProjectWriter(const SC_Project &project, PIO_WritingContext &context);
 
     void write(const QString &name);
+    /// How many items of the file have been written, as the reader counts them.
+    qint64 itemCount() const { return m_items; }
 
 private:
+    void beginItem(const QString &key);
     void number(const TUScene &scene);
     void number(const TUGroup &group, int &last);
 
+    void writeRecords(const PIO_Metadatas *records);
     void writeScene(const TUScene &scene);
     void writeSequence(const TUSeqTimedValue &sequence);
     void writeLinks(const TUTimedValue &timedValue);
@@ -43,4 +48,5 @@ private:
     PO_XmlWriter &m_writer;
     /// Every node that is written, by its number within its scene.
     QHash<const MO_Node *, int> m_numbers;
+    qint64 m_items = 0;
 };

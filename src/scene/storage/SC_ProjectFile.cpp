@@ -6,6 +6,7 @@
 #include "scene/storage/ProjectReader_p.h"
 #include "scene/storage/ProjectWriter_p.h"
 #include "scene/storage/SC_FileReport.h"
+#include "scene/storage/XmlBounds_p.h"
 
 #include <QCryptographicHash>
 #include <QDir>
@@ -91,6 +92,32 @@ bool mayReplace(const QString &filePath, const QByteArray &knownDigest, SC_FileR
     return false;
 }
 
+struct Written {
+    QByteArray text;
+    qint64 items;
+};
+
+Written written(const SC_Project &project, const QString &name)
+{
+    PO_XmlWriter writer;
+    PIO_WritingContext context(writer);
+    ProjectWriter projectWriter(project, context);
+    projectWriter.write(name);
+    return {writer.bytes(), projectWriter.itemCount()};
+}
+
+/// What would keep the file from being read again; empty when nothing does.
+QString excessOf(const SC_Project &project, const Written &file)
+{
+    if (file.text.size() > largestFile)
+        return QStringLiteral("the file would be larger than %1 bytes").arg(largestFile);
+    if (project.sceneCount() > ProjectReader::sceneLimit)
+        return QStringLiteral("there are more than %1 scenes").arg(ProjectReader::sceneLimit);
+    if (file.items > ProjectReader::itemLimit)
+        return QStringLiteral("there are more than %1 items").arg(ProjectReader::itemLimit);
+    return XmlBounds::find(file.text).message;
+}
+
 } // namespace
 
 QString SC_ProjectFile::resolve(const QString &path, SC_FileReport &report)
@@ -134,9 +161,9 @@ bool SC_ProjectFile::write(const SC_Project &project, const QString &filePath, S
         fail(report, filePath, QStringLiteral("not saved: the name of a project file is \"<name>.plotka\""));
         return false;
     }
-    const QByteArray text = toText(project, info.completeBaseName());
-    if (text.size() > largestFile) {
-        fail(report, filePath, QStringLiteral("not saved: the file would be larger than %1 bytes").arg(largestFile));
+    const Written made = written(project, info.completeBaseName());
+    if (const QString excess = excessOf(project, made); !excess.isEmpty()) {
+        fail(report, filePath, QStringLiteral("not saved: %1").arg(excess));
         return false;
     }
     if (!QDir().mkpath(info.path())) {
@@ -145,7 +172,7 @@ bool SC_ProjectFile::write(const SC_Project &project, const QString &filePath, S
     }
     TUDbSceneData &data = *project.projectCommon()->dbSceneData();
     QSaveFile file(filePath);
-    const bool isWritten = file.open(QIODevice::WriteOnly) && file.write(text) == text.size() && file.flush();
+    const bool isWritten = file.open(QIODevice::WriteOnly) && file.write(made.text) == made.text.size() && file.flush();
     // Looked at as late as can be: others may save the same project.
     if (isWritten && !mayReplace(filePath, data.fileDigest(), report)) {
         file.cancelWriting();
@@ -157,7 +184,7 @@ bool SC_ProjectFile::write(const SC_Project &project, const QString &filePath, S
     }
     // A copy elsewhere says nothing of the project's own file.
     if (QFileInfo(filePath) == QFileInfo(data.filePath()))
-        data.setFileDigest(digestOf(text));
+        data.setFileDigest(digestOf(made.text));
     return true;
 }
 
@@ -168,8 +195,5 @@ SC_Project *SC_ProjectFile::fromText(const QByteArray &text, const QString &file
 
 QByteArray SC_ProjectFile::toText(const SC_Project &project, const QString &name)
 {
-    PO_XmlWriter writer;
-    PIO_WritingContext context(writer);
-    ProjectWriter(project, context).write(name);
-    return writer.bytes();
+    return written(project, name).text;
 }

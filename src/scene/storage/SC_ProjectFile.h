@@ -20,7 +20,7 @@ PLOTKA_SCENE_EXPORT QString resolve(const QString &path, SC_FileReport &report);
 PLOTKA_SCENE_EXPORT SC_Project *read(const QString &filePath, SC_FileReport &report);
 
 /// Writes to a temporary file beside it and renames: the file is always the old or the new one. Refused when there is
-/// a file that is not what this project last read or wrote.
+/// a file that is not what this project last read or wrote as its own, and when the file could not be read again.
 PLOTKA_SCENE_EXPORT bool write(const SC_Project &project, const QString &filePath, SC_FileReport &report);
 
 /// @name Text

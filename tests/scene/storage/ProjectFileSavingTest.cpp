@@ -1,5 +1,6 @@
 #include "scene/metadata/PIO_MetadataString.h"
 #include "scene/metadata/PIO_Metadatas.h"
+#include "scene/network/TUGroup.h"
 #include "scene/session/SC_Project.h"
 #include "scene/session/TUScene.h"
 #include "scene/storage/SC_FileReport.h"
@@ -213,6 +214,28 @@ TEST(Saving, TellsWhyItIsRefused)
     }
     EXPECT_TRUE(saved.session.saveProject()) << "it lives where it did";
     EXPECT_EQ(QDir(saved.folder.path()).entryList(QDir::Files), QStringList{QStringLiteral("p.plotka")});
+}
+
+TEST(Saving, IsRefusedWhenTheFileCouldNotBeReadAgain)
+{
+    SavedProject saved;
+    auto *group = dynamic_cast<TUScene &>(*saved.session.project()->sceneAt(0)).getRootGroup();
+    const auto nest = [&group] {
+        auto *inner = new TUGroup(group->sceneCommon(), QStringLiteral("g"));
+        group->addNode(UT_SharedPtr<MO_Node>(inner));
+        group = inner;
+    };
+    for (int i = 0; i < 998; ++i)
+        nest();
+    ASSERT_TRUE(saved.session.saveProject());
+    SC_FileReport report;
+    EXPECT_TRUE(TestSession().openProject(saved.path, &report)) << textOf(report);
+
+    const QByteArray before = contentOf(saved.path);
+    nest();
+    nest();
+    EXPECT_EQ(saved.saveRefused(), "p.plotka: error: not saved: elements nest deeper than 1000\n");
+    EXPECT_EQ(contentOf(saved.path), before);
 }
 
 TEST(Opening, QueuesNothing)
