@@ -6,10 +6,11 @@
 
 PIO_Metadatas::~PIO_Metadatas()
 {
-    // Taken out first: whoever looks while a record dies sees only records that live.
+    // Taken out and counted first: whoever looks while a record dies sees only records that live.
     while (!m_records.empty()) {
         PIO_Metadata *record = m_records.back();
         m_records.pop_back();
+        ++m_removalCount;
         delete record;
     }
 }

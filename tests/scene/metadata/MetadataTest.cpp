@@ -10,7 +10,9 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <memory>
+#include <utility>
 
 namespace
 {
@@ -24,6 +26,17 @@ public:
 
 private:
     bool *m_alive;
+};
+
+/// Asks for another record when it dies.
+class AskingRecord : public PlainRecord
+{
+public:
+    explicit AskingRecord(std::function<void()> ask) : m_ask(std::move(ask)) {}
+    ~AskingRecord() override { m_ask(); }
+
+private:
+    std::function<void()> m_ask;
 };
 
 QString text(const char *latin1)
@@ -236,6 +249,19 @@ TEST(MetadataAccess, LooksAnewForARecordItsContainerNoLongerHolds)
     auto *next = new PIO_MetadataInt;
     records.add(next);
     EXPECT_EQ(access.get(), next);
+}
+
+TEST(MetadataAccess, FindsNoRecordThatDiedWithItsContainer)
+{
+    auto records = std::make_unique<PIO_Metadatas>();
+    PIO_MetadataAccess<PlainRecord> access(records.get(), text("n"));
+    const PlainRecord *found = nullptr;
+    records->add(new AskingRecord([&] { found = access.get(); })); // dies last
+    records->add(new PlainRecord(text("n")));
+    found = access.get();
+    EXPECT_NE(found, nullptr);
+    records.reset();
+    EXPECT_EQ(found, nullptr);
 }
 
 TEST(MetadataAccess, DoesNotTakeARecordOfAnotherClassForTheOneThatWasThere)
