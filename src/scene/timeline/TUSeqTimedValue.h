@@ -104,7 +104,8 @@ public:
         unsigned int cut, unsigned int framesBefore, unsigned int framesAfter, AT_TransitionSeq *transition);
     /// Takes the transition away and puts the cut back between its neighbours.
     bool removeTransition(const AT_FrameBlockKey &key);
-    /// Moves every block that begins at @p fromFrame or later by @p delta frames.
+    /// Moves every block that begins at @p fromFrame or later by @p delta frames; 0 is no change and makes no news.
+    /// Refused when no block begins there.
     bool moveBlocks(unsigned int fromFrame, int delta);
     /// @}
 

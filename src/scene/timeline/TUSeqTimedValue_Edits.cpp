@@ -141,7 +141,7 @@ bool TUSeqTimedValue::moveBlocks(unsigned int fromFrame, int delta)
 {
     const auto first = std::lower_bound(m_blocks.begin(), m_blocks.end(), fromFrame,
         [](const AT_FrameBlock &block, unsigned int frame) { return block.fromFrame() < frame; });
-    if (first == m_blocks.end() || delta == 0)
+    if (first == m_blocks.end())
         return false;
     const qint64 newBegin = qint64(first->fromFrame()) + delta;
     const qint64 newEnd = qint64(m_blocks.back().toFrame()) + delta;
@@ -149,6 +149,8 @@ bool TUSeqTimedValue::moveBlocks(unsigned int fromFrame, int delta)
     // A block that a transition ties to one that stays cannot leave it.
     if (previousEnd >= first->fromFrame() || newBegin <= previousEnd || newEnd > maxFrame)
         return false;
+    if (delta == 0)
+        return true;
     for (auto block = first; block != m_blocks.end(); ++block)
         block->key.fromFrame = static_cast<unsigned int>(qint64(block->key.fromFrame) + delta);
     changed(std::any_of(first, m_blocks.end(), placesScene));

@@ -137,7 +137,7 @@ bool NaiveTimeline::moveBlocks(unsigned int fromFrame, int delta)
                 return false;
         }
     }
-    if (!any || delta == 0)
+    if (!any)
         return false;
     *this = result;
     return true;

@@ -400,6 +400,9 @@ TEST_F(SeqTimedValueEdits, MovesAllFromAFrameOn)
     EXPECT_TRUE(timeline->moveBlocks(123, -104));
     EXPECT_EQ(frames(), "1..10 T7..10 7..18 19..24");
     EXPECT_EQ(timeline->blockAt(19).fromFrame(), 19u);
+    news.told();
+    EXPECT_TRUE(timeline->moveBlocks(19, 0));
+    EXPECT_EQ(news.told(), "") << "nothing moved";
 }
 
 TEST_F(SeqTimedValueEdits, RefusesMovesThatWouldTearOrCrowd)
@@ -417,7 +420,7 @@ TEST_F(SeqTimedValueEdits, RefusesMovesThatWouldTearOrCrowd)
     expectRefused([&] { return timeline->moveBlocks(25, 2147483618); });
     expectRefused([&] { return timeline->moveBlocks(25, 2147483647); });
     expectRefused([&] { return timeline->moveBlocks(26, 1); });
-    expectRefused([&] { return timeline->moveBlocks(1, 0); });
+    expectRefused([&] { return timeline->moveBlocks(26, 0); });
     EXPECT_TRUE(timeline->moveBlocks(25, 2147483617));
     EXPECT_EQ(timeline->nFrames(), 2147483647u);
 }
