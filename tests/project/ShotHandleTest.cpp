@@ -10,8 +10,10 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <functional>
 #include <limits>
 #include <optional>
+#include <utility>
 
 using namespace Plotka;
 
@@ -32,6 +34,20 @@ public:
     using TUSeq::TUSeq;
 
     const TUSeq *identifiedSeq() const override { return this; }
+};
+
+/// Runs something when it dies.
+class LastWords : public AT_TimeWarpSeq
+{
+public:
+    LastWords(const TUScene *scene, std::function<void()> words) :
+        AT_TimeWarpSeq(scene, 1.0, 5.0), m_words(std::move(words))
+    {
+    }
+    ~LastWords() override { m_words(); }
+
+private:
+    std::function<void()> m_words;
 };
 
 } // namespace
@@ -131,6 +147,21 @@ TEST(ShotHandle, AnswersNeutrallyOnceItsSceneIsGone)
     EXPECT_EQ(b.sceneInfo(), nullptr);
     EXPECT_TRUE(b.name().isNull());
     EXPECT_EQ(b.sequenceName(), QStringLiteral("0"));
+}
+
+TEST(ShotHandle, IsAskedWhileItsSequenceDies)
+{
+    for (const bool withTimeline : {false, true}) {
+        Storyboard board;
+        TUScene *const scene = board.sceneProject().addScene();
+        unsigned int frame = 99;
+        const Shot_t shot(&board.timeline(), scene, nullptr);
+        ASSERT_TRUE(board.timeline().insertBlock(11, 5, new LastWords(scene, [&] { frame = shot.firstFrame(); })));
+        ASSERT_EQ(shot.firstFrame(), 11u);
+        EXPECT_TRUE(withTimeline ? board.topScene().removeTimedValue(&board.timeline())
+                                 : board.timeline().removeBlock({11, 5, false}));
+        EXPECT_EQ(frame, 0u);
+    }
 }
 
 TEST(ShotHandle, OutlivesItsTimedValue)

@@ -123,7 +123,7 @@ private:
     bool canHold(const TUSeq *seq) const;
     bool isBesideTransition(std::size_t index) const;
     void insertAt(std::size_t index, AT_FrameBlock block);
-    void eraseAt(std::size_t index);
+    [[nodiscard]] AT_FrameBlock takeOut(std::size_t index);
     void reindexFrom(std::size_t index);
     void changed(bool placesScene);
 

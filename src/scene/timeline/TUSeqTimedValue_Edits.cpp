@@ -48,12 +48,16 @@ void place(AT_FrameBlock &block, unsigned int fromFrame, unsigned int frameCount
 
 TUSeqTimedValue::~TUSeqTimedValue()
 {
+    // Whoever is reached from here, the destructor of a sequence for one, finds no timed value any more.
+    forgetWatchers();
     for (const AT_FrameBlock &block : m_blocks) {
         if (!block.seq())
             continue;
         block.seq()->m_timedValue = nullptr;
         setPlaced(projectCommon(), block.seq(), false);
     }
+    m_indexOfObject.clear();
+    const std::vector<AT_FrameBlock> dying = std::exchange(m_blocks, {});
 }
 
 bool TUSeqTimedValue::insertBlock(unsigned int fromFrame, unsigned int frameCount, TUSeq *seq)
@@ -71,9 +75,8 @@ bool TUSeqTimedValue::removeBlock(const AT_FrameBlockKey &key)
     const std::size_t index = indexOf(key);
     if (index == m_blocks.size() || key.isTransition || isBesideTransition(index))
         return false;
-    const bool placedScene = placesScene(m_blocks[index]);
-    eraseAt(index);
-    changed(placedScene);
+    const AT_FrameBlock dying = takeOut(index);
+    changed(placesScene(dying));
     return true;
 }
 
@@ -132,7 +135,7 @@ bool TUSeqTimedValue::removeTransition(const AT_FrameBlockKey &key)
     AT_FrameBlock &second = m_blocks[index + 1];
     place(first, first.fromFrame(), first.key.frameCount - (key.frameCount - framesBefore));
     place(second, second.fromFrame() + framesBefore, second.key.frameCount - framesBefore);
-    eraseAt(index);
+    const AT_FrameBlock dying = takeOut(index);
     changed(/*placesScene*/ true);
     return true;
 }
@@ -192,15 +195,18 @@ void TUSeqTimedValue::insertAt(std::size_t index, AT_FrameBlock block)
     reindexFrom(index);
 }
 
-void TUSeqTimedValue::eraseAt(std::size_t index)
+/// The block is whole until the caller lets it go, after changed(): the destructor of a sequence may ask anything.
+AT_FrameBlock TUSeqTimedValue::takeOut(std::size_t index)
 {
-    if (TUSeq *const seq = m_blocks[index].seq()) {
+    AT_FrameBlock taken = std::move(m_blocks[index]);
+    if (TUSeq *const seq = taken.seq()) {
         seq->m_timedValue = nullptr;
         setPlaced(projectCommon(), seq, false);
         m_indexOfObject.remove(seq->objectId().value());
     }
     m_blocks.erase(m_blocks.begin() + std::ptrdiff_t(index));
     reindexFrom(index);
+    return taken;
 }
 
 void TUSeqTimedValue::reindexFrom(std::size_t index)

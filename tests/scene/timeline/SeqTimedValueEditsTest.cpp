@@ -3,6 +3,9 @@
 #include "scene/base/UT_Edition.h"
 #include "scene/timeline/TUSoundTimedValue.h"
 
+#include <functional>
+#include <utility>
+
 namespace
 {
 
@@ -27,6 +30,17 @@ protected:
 
     const std::string shotNews = "sceneChanged timedValuesChanged{T}";
     const std::string plainNews = "timedValuesChanged{T}";
+};
+
+/// A sequence that runs something when it dies.
+class LastWords : public TUSeq
+{
+public:
+    explicit LastWords(std::function<void()> words) : m_words(std::move(words)) {}
+    ~LastWords() override { m_words(); }
+
+private:
+    std::function<void()> m_words;
 };
 
 } // namespace
@@ -469,6 +483,25 @@ TEST_F(SeqTimedValueEdits, FreesTheScenesOfATimedValueThatDies)
     EXPECT_FALSE(project.projectCommon()->isPlaced(panel->objectId()));
     EXPECT_TRUE(timeline->insertBlock(11, 10, new AT_TimeWarpSeq(panel, 1, 10)));
     EXPECT_EQ(frames(), "1..10 11..20") << "the block that placed the shot stays";
+}
+
+TEST_F(SeqTimedValueEdits, AreDoneWhenTheSequenceOfABlockDies)
+{
+    const UT_SharedWeakPtr<TUSeqTimedValue> watch(timeline);
+    const quint64 edition = UT_Edition::current();
+    std::vector<std::string> words;
+    addShot(1, 5);
+    ASSERT_TRUE(timeline->insertBlock(6, 5, new LastWords([&] {
+        EXPECT_EQ(UT_Edition::current(), edition + 4) << "whoever remembers the block looks again";
+        words.push_back(frames());
+    })));
+    addShot(11, 5);
+    ASSERT_TRUE(timeline->removeBlock({6, 5, false}));
+    EXPECT_EQ(words, std::vector<std::string>{"1..5 11..15"});
+
+    ASSERT_TRUE(timeline->insertBlock(20, 5, new LastWords([&] { words.push_back(watch ? "alive" : "gone"); })));
+    ASSERT_TRUE(session.top().removeTimedValue(timeline));
+    EXPECT_EQ(words.back(), "gone");
 }
 
 TEST_F(SeqTimedValueEdits, CountsItsEdits)
