@@ -153,6 +153,16 @@ TEST_F(ClipHandles, VideoClipAnswersNeutrallyOnceItsSceneIsGone)
     EXPECT_TRUE(clip.name().isNull());
 }
 
+TEST_F(ClipHandles, VideoClipForgetsItsPlaceWithItsTimedValue)
+{
+    const VideoClip clip(track, scene, VideoTrack());
+    ASSERT_EQ(clip.firstFrame(), 11u); // asked before: the place is remembered
+    ASSERT_TRUE(board.topScene().removeTimedValue(track));
+    EXPECT_EQ(clip.firstFrame(), 0u);
+    EXPECT_EQ(clip.lastFrame(), 0u);
+    EXPECT_EQ(clip.symbol(), scene) << "the scene stays";
+}
+
 TEST_F(ClipHandles, ClipIsAPanelOrAVideoClipOrNone)
 {
     const Panel_t panel = board->getPanelByNdx(1);

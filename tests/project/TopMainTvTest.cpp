@@ -146,6 +146,22 @@ TEST_F(Timelines, AreChosenWithoutASwitchOfTheCachesThatLasts)
     }
 }
 
+TEST_F(Timelines, AnswerByFrameForTheNewChoice)
+{
+    const auto shotAt = [this] {
+        return project().getShotAt(1, PKC_PlotkaProject::ResolveBackward, /*nearest*/ false, /*forward*/ true);
+    };
+    add(3);
+    add(2);
+    const Shot_t before = shotAt();
+    ASSERT_EQ(shotAt(), before); // asked twice: it is remembered
+    top().removeTimedValue(project().topMainTv());
+    const Shot_t after = shotAt(); // the first question, without any news
+    EXPECT_TRUE(after.isValid());
+    EXPECT_NE(after, before);
+    EXPECT_EQ(after.lastFrame(), 4u);
+}
+
 TEST_F(Timelines, AnswerAtOnceForTheNewChoice)
 {
     add(3);

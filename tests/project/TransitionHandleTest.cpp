@@ -73,6 +73,27 @@ TEST(TransitionHandle, KeepsItsTransitionAfterTheBlockIsGone)
     EXPECT_EQ(transition.name(), transition.transitionSeq()->typeString());
 }
 
+TEST(TransitionHandle, ForgetsItsPlaceWithItsBlock)
+{
+    Storyboard board("A(20) ~2+2~ B(15)");
+    const Trans_t transition = board->getTransByNdx(0);
+    ASSERT_EQ(transition.firstFrame(), 17u); // asked before the edit: the place is remembered
+    ASSERT_TRUE(board.removeTransition(0));
+    EXPECT_EQ(transition.firstFrame(), 0u);
+    EXPECT_EQ(transition.lastFrame(), 0u);
+}
+
+TEST(TransitionHandle, ForgetsItsPlaceWithItsTimedValue)
+{
+    Storyboard board("A(20) ~2+2~ B(15)");
+    const Trans_t transition = board->getTransByNdx(0);
+    ASSERT_EQ(transition.firstFrame(), 17u);
+    ASSERT_TRUE(board.topScene().removeTimedValue(&board.timeline()));
+    EXPECT_EQ(transition.firstFrame(), 0u);
+    EXPECT_EQ(transition.lastFrame(), 0u);
+    EXPECT_NE(transition.transitionSeq(), nullptr) << "it is held";
+}
+
 TEST(TransitionHandle, OfANullTransitionHasNoId)
 {
     Storyboard board("A(20)");

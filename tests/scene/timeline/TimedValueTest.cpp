@@ -180,6 +180,20 @@ TEST_F(TimelineSearches, FindTheSceneOfABlock)
     EXPECT_EQ(sceneOfBlock(manager, timeline->blockAt(1)), nullptr);
 }
 
+TEST_F(TimelineSearches, FindNoSceneOfAnotherProject)
+{
+    const SC_SceneManager *const manager = project.projectCommon()->sceneManager();
+    SceneSession elsewhere;
+    const SC_SceneManager *const other = elsewhere.makeProject().projectCommon()->sceneManager();
+    TUScene *const scene = project.addScene();
+    ASSERT_TRUE(timeline->insertBlock(1, 5, new AT_SceneSeq(scene)));
+    EXPECT_EQ(sceneOfBlock(manager, timeline->blockAt(1)), scene);
+    EXPECT_EQ(sceneOfBlock(other, timeline->blockAt(1)), nullptr) << "what was found before is of the first project";
+    TUScene *const namesake = elsewhere.project()->addScene(scene->objectId(), scene->sceneId());
+    EXPECT_EQ(sceneOfBlock(other, timeline->blockAt(1)), namesake);
+    EXPECT_EQ(sceneOfBlock(manager, timeline->blockAt(1)), scene);
+}
+
 TEST_F(TimelineSearches, TakeTheFirstSequenceTimedValueAsTheMainOne)
 {
     TUScene *const scene = project.addScene();
