@@ -308,7 +308,7 @@ TEST(LayerInfos, GivesAReaderOnlyForLayersThatItTakes)
 TEST(LayerInfos, ReadsManyLayersInLittleTime)
 {
     QString payload = text("<layerInfos>");
-    const int count = 30000;
+    const int count = 10000;
     for (int round = 0; round < 2; ++round) {
         for (int i = 0; i < count; ++i) {
             const int number = round == 0 ? i : count - 1 - i;

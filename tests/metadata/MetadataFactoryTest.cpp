@@ -48,7 +48,8 @@ void expectMade(const char *type, const char *version)
 {
     const auto record = made(QString::fromLatin1(type));
     ASSERT_TRUE(record) << type;
-    EXPECT_TRUE(typeid(*record) == typeid(Record)) << type;
+    const PIO_Metadata &known = *record;
+    EXPECT_TRUE(typeid(known) == typeid(Record)) << type;
     EXPECT_EQ(textsOf(*record), type + std::string(" 'n' 'c' '0.1'"));
     EXPECT_EQ(textsOf(Record()), type + std::string(" '' 'plotka-tests' '") + version + "'");
 }
