@@ -1,5 +1,10 @@
 #include "metadata/PKC_MetadataFactory.h"
 
+#include "infofields/PKC_ExtraInfoFieldDescList.h"
+#include "infofields/PKC_HiddenInfoFieldList.h"
+#include "infofields/PKC_InfoFieldList.h"
+#include "infofields/PKC_PanelInfoFieldDescList.h"
+#include "infofields/PKC_ProjectInfoFieldDescList.h"
 #include "layers/PKC_LayerInfos.h"
 #include "metadata/PKC_ClipInfo.h"
 #include "metadata/PKC_DeletedPanels.h"
@@ -33,6 +38,11 @@ struct RecordType {
 constexpr RecordType recordTypes[] = {
     {QLatin1String("sceneInfo"), make<PKC_SceneInfo>},
     {QLatin1String("panelInfo"), make<PKC_ClipInfo>},
+    {QLatin1String("projectPanelInfoFieldList"), make<PKC_ProjectInfoFieldDescList>},
+    {QLatin1String("scenePanelInfoFieldList"), make<PKC_PanelInfoFieldDescList>},
+    {QLatin1String("infoFields"), make<PKC_InfoFieldList>},
+    {QLatin1String("extraInfoFieldList"), make<PKC_ExtraInfoFieldDescList>},
+    {QLatin1String("hiddenInfoField"), make<PKC_HiddenInfoFieldList>},
     {QLatin1String("exposurePoints"), make<PKC_ExposurePoints>},
     {QLatin1String("tracking"), make<PKC_Tracking>},
     {QLatin1String("layerInfos"), make<PKC_LayerInfos>},

@@ -1,0 +1,18 @@
+#pragma once
+
+#include "plotka_export.h"
+
+#include <QString>
+
+/// Captions as html and as plain text. Both work with and without a QGuiApplication, whatever the text holds, and
+/// neither opens a file or an address.
+namespace CaptionText
+{
+
+/// The text as html, for captions from before captions were html. Empty text and what may be html stays as it is.
+PLOTKA_EXPORT QString richTextOf(const QString &text);
+
+/// The text of a caption in one line: html without its marks, and each new line a blank.
+PLOTKA_EXPORT QString plainTextOf(const QString &text);
+
+} // namespace CaptionText
