@@ -1,6 +1,7 @@
 #include "metadata/PKC_ReferenceToolData.h"
 
 #include "metadata/RecordAttributes_p.h"
+#include "metadata/RecordDump_p.h"
 #include "metadata/RecordReader_p.h"
 #include "scene/base/whoami.h"
 #include "scene/metadata/PIO_WritingContext.h"
@@ -31,11 +32,6 @@ double doubleOf(const QXmlAttributes &attributes, const QString &key)
     double value = 0.0;
     RecordAttributes::readDouble(attributes, key, value);
     return value;
-}
-
-QString textOf(bool on)
-{
-    return on ? QStringLiteral("true") : QStringLiteral("false");
 }
 
 } // namespace
@@ -120,8 +116,8 @@ void PKC_ReferenceToolData::dumpToString(QString &text) const
     text += QStringLiteral("Color(r,g,b,a) = %1, %2, %3, %4\n")
                 .arg(QString::number(m_data.rgb.red()), QString::number(m_data.rgb.green()),
                     QString::number(m_data.rgb.blue()), QString::number(m_data.alpha));
-    text += QStringLiteral("Show on thumbnails = %1\n").arg(textOf(showOnThumbnails()));
-    text += QStringLiteral("Auto update thumbnails = %1\n").arg(textOf(autoUpdateThumbnails()));
+    text += QStringLiteral("Show on thumbnails = %1\n").arg(RecordDump::textOf(showOnThumbnails()));
+    text += QStringLiteral("Auto update thumbnails = %1\n").arg(RecordDump::textOf(autoUpdateThumbnails()));
 }
 
 void PKC_ReferenceToolData::writeMetadataSubnodes(PIO_WritingContext &context) const

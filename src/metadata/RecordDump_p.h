@@ -29,10 +29,12 @@ public:
         append(QStringLiteral("%1=%2\n"), key, textOf(value));
     }
 
-private:
+    /// How a value stands in such a text.
     static QString textOf(const QString &value) { return value; }
     static QString textOf(int value) { return QString::number(value); }
     static QString textOf(bool value) { return value ? QStringLiteral("true") : QStringLiteral("false"); }
+
+private:
     void append(const QString &format, const QString &key, const QString &value);
 
     QString &m_text;
