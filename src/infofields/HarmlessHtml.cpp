@@ -170,10 +170,11 @@ private:
 
     void keep(const Tag &tag)
     {
-        if (tag.name == QLatin1String("img"))
-            keepImage(tag);
-        else if (isOneOf(tag.name, {QLatin1String("p"), QLatin1String("br"), QLatin1String("hr")}))
+        if (tag.name == QLatin1String("p")
+            || (isOneOf(tag.name, {QLatin1String("br"), QLatin1String("hr")}) && !tag.closes))
             put(tag, tag.name);
+        else if (tag.name == QLatin1String("img") && !tag.closes)
+            keepImage(tag);
         else if (isInline(tag.name))
             keepNesting(tag, QStringLiteral("span"));
         else if (hasFont(tag.name))

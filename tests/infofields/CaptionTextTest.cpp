@@ -95,6 +95,12 @@ TEST(PlainText, LeavesOutWhatIsNoText)
         "b");
 }
 
+TEST(PlainText, HasOneCharacterForEachImage)
+{
+    const QString images = text("<img src='x.png'></img>");
+    EXPECT_EQ(CaptionText::plainTextOf(text("<html>") + images.repeated(250)), text("\xEF\xBF\xBC").repeated(250));
+}
+
 TEST(PlainText, ReadsListsTablesAndHeadings)
 {
     EXPECT_EQ(plain("<html><ul><li>a</li><li>b</li></ul></html>"), "a b");
