@@ -227,7 +227,7 @@ private:
             return false;
         if (name == QLatin1String("OffsetFromUtc")) // a zone of its own: name, offset, two texts, country, comment
             return text(&name) && isZoneName(name) && skip(4) && text() && text() && skip(4) && text();
-        return isZoneName(name);
+        return name == QLatin1String("-No Time Zone Specified!") || isZoneName(name);
     }
 
     const char *m_at;
