@@ -216,6 +216,41 @@ TEST(PropertyFromRange, TakesNoValueBeforeItHasLimits)
     EXPECT_FALSE(range.min().isValid());
 }
 
+TEST(PropertyFromRange, RepairsWhatAStreamBroughtOnlyWhenAsked)
+{
+    Warnings warnings;
+    const auto streamed = [](const QVariant &value, const QVariant &min, const QVariant &max) {
+        QByteArray bytes;
+        QDataStream out(&bytes, QIODevice::WriteOnly);
+        out << kName << value << QString() << QString() << qint32(0) << qint32(0) << min << max;
+        auto range = std::make_unique<PKC_PropertyFromRange>(kName);
+        QDataStream in(bytes);
+        EXPECT_TRUE(range->load(in));
+        return range;
+    };
+    const auto low = streamed(-5, 0, 10);
+    EXPECT_EQ(low->toInt(), -5);
+    EXPECT_FALSE(low->validate(false));
+    EXPECT_EQ(low->toInt(), -5);
+    EXPECT_FALSE(low->validate(true));
+    EXPECT_EQ(low->toInt(), 0);
+    EXPECT_THAT(warnings.taken(), ElementsAre(kLower, kLower));
+
+    const auto high = streamed(15, 0, 10);
+    EXPECT_TRUE(high->validate(false)); // what is above is clipped in any case
+    EXPECT_EQ(high->toInt(), 10);
+    EXPECT_THAT(warnings.taken(), ElementsAre(kOver));
+
+    const auto mixed = streamed(5, 0.0, 10);
+    EXPECT_FALSE(mixed->validate(false));
+    EXPECT_EQ(mixed->min(), QVariant(0.0));
+    EXPECT_EQ(mixed->toInt(), 5);
+    EXPECT_FALSE(mixed->validate(true));
+    EXPECT_EQ(mixed->max(), QVariant(0));
+    EXPECT_EQ(mixed->toInt(), 0);
+    EXPECT_THAT(warnings.taken(), ElementsAre(kNoNumbers, kNoNumbers));
+}
+
 TEST(PropertyFromRange, IsReadFromTextWithinItsLimits)
 {
     Warnings warnings;
