@@ -53,19 +53,18 @@ LayerPtr layerOf(const QXmlAttributes &attributes)
     return isGood ? layer : LayerPtr();
 }
 
+bool isNamed(const LayerPtr &layer, const QString &name)
+{
+    return layer && layer->name == name;
+}
+
 } // namespace
 
 /// Refuses a layer with a bad number, and with it all that stands inside its element.
 class LayerInfoMetadataReader : public RecordReader<PKC_LayerInfos, ReadsUntil::OwnEnd>
 {
 public:
-    explicit LayerInfoMetadataReader(PKC_LayerInfos *infos) : RecordReader(infos)
-    {
-        for (auto place = infos->begin(); place != infos->end(); ++place) {
-            if (!m_places.contains((*place)->name))
-                m_places.insert((*place)->name, place);
-        }
-    }
+    explicit LayerInfoMetadataReader(PKC_LayerInfos *infos) : RecordReader(infos) { findPlaces(*infos); }
 
     UT_SharedPtr<ComponentReader> startElement(
         const QString &, const QString &localName, const QXmlAttributes &attributes) override
@@ -75,7 +74,7 @@ public:
         const LayerPtr layer = layerOf(attributes);
         if (!layer)
             return nullptr;
-        add(target()->m_layers, layer);
+        add(*target(), layer);
         return this;
     }
 
@@ -83,17 +82,38 @@ protected:
     void readElement(PKC_LayerInfos &, const QString &, const QXmlAttributes &) override {}
 
 private:
-    using LayerList = PKC_LayerInfos::LayerInfoList_t;
+    using Place = PKC_LayerInfos::LayerInfoList_t::iterator;
 
     /// As PKC_LayerInfos::add, without a walk: a file may bring any number of layers.
-    void add(LayerList &layers, const LayerPtr &layer)
+    void add(PKC_LayerInfos &infos, const LayerPtr &layer)
     {
+        if (m_listChanges != infos.m_listChanges || hasAnotherNameNow(layer->name))
+            findPlaces(infos);
         if (const auto same = m_places.constFind(layer->name); same != m_places.constEnd())
-            layers.erase(*same);
-        m_places.insert(layer->name, layers.insert(layers.end(), layer));
+            infos.m_layers.erase(*same);
+        m_places.insert(layer->name, infos.m_layers.insert(infos.m_layers.end(), layer));
+        m_listChanges = ++infos.m_listChanges; // another reader of the record may be under way
     }
 
-    QHash<QString, LayerList::iterator> m_places;
+    /// Entries are shared, so one may be renamed at any time. Under a name that no entry had it is not looked for.
+    bool hasAnotherNameNow(const QString &name) const
+    {
+        const auto place = m_places.constFind(name);
+        return place != m_places.constEnd() && !isNamed(**place, name);
+    }
+
+    void findPlaces(PKC_LayerInfos &infos)
+    {
+        m_places.clear();
+        for (Place place = infos.begin(); place != infos.end(); ++place) {
+            if (*place && !m_places.contains((*place)->name))
+                m_places.insert((*place)->name, place);
+        }
+        m_listChanges = infos.m_listChanges;
+    }
+
+    QHash<QString, Place> m_places; // of the list as it was after m_listChanges
+    unsigned int m_listChanges = 0;
 };
 
 const QString PKC_LayerInfos::kPIO_PKMETA_Keyword = QStringLiteral("layerInfos");
@@ -114,6 +134,7 @@ PKC_LayerInfos &PKC_LayerInfos::operator=(const PKC_LayerInfos &other)
         return *this; // its entries stay those that others share
     PIO_Metadata::operator=(other);
     m_layers = copiesOf(other.m_layers);
+    ++m_listChanges;
     return *this;
 }
 
@@ -121,7 +142,7 @@ PKC_LayerInfos::~PKC_LayerInfos() = default;
 
 bool PKC_LayerInfos::isValid() const
 {
-    return !m_layers.empty();
+    return std::any_of(m_layers.begin(), m_layers.end(), [](const LayerPtr &layer) { return bool(layer); });
 }
 
 PIO_XML::ComponentReader *PKC_LayerInfos::componentReader()
@@ -140,6 +161,8 @@ void PKC_LayerInfos::dumpToString(QString &text) const
 {
     PIO_Metadata::dumpToString(text);
     for (const LayerPtr &layer : m_layers) {
+        if (!layer)
+            continue;
         text += QStringLiteral("Layer: name=%1, exportFlags=%2, layerFlags=%3, displayFlags=%4, inheritedFlags=%5\n")
                     .arg(layer->name, QString::number(layer->exportFlags), QString::number(layer->layerFlags),
                         QString::number(layer->displayFlags), QString::number(layer->inheritedFlags));
@@ -151,6 +174,8 @@ void PKC_LayerInfos::writeMetadataSubnodes(PIO_WritingContext &context) const
     PO_XmlWriter &writer = context.xmlWriter();
     writer.beginElement(kPIO_PKMETA_Keyword);
     for (const LayerPtr &layer : m_layers) {
+        if (!layer)
+            continue;
         writer.beginElement(kLayer);
         writer.encodeStringAttr(kName, layer->name);
         writer.encodeIntAttr(kExportFlag, layer->exportFlags);
@@ -166,6 +191,7 @@ void PKC_LayerInfos::writeMetadataSubnodes(PIO_WritingContext &context) const
 void PKC_LayerInfos::Clear()
 {
     m_layers.clear();
+    ++m_listChanges;
 }
 
 void PKC_LayerInfos::add(const UT_SharedPtr<LayerInfo_t> &layer)
@@ -175,14 +201,17 @@ void PKC_LayerInfos::add(const UT_SharedPtr<LayerInfo_t> &layer)
     const LayerPtr kept = layer; // it may be the very entry that goes
     remove(kept->name);
     m_layers.push_back(kept);
+    ++m_listChanges;
 }
 
 void PKC_LayerInfos::remove(const QString &name)
 {
-    const auto isNamed = [&name](const LayerPtr &layer) { return layer->name == name; };
-    const auto place = std::find_if(m_layers.begin(), m_layers.end(), isNamed);
-    if (place != m_layers.end())
-        m_layers.erase(place);
+    const auto isIt = [&name](const LayerPtr &layer) { return isNamed(layer, name); };
+    const auto place = std::find_if(m_layers.begin(), m_layers.end(), isIt);
+    if (place == m_layers.end())
+        return;
+    m_layers.erase(place);
+    ++m_listChanges;
 }
 
 UT_SharedPtr<PKC_LayerInfos::LayerInfo_t> PKC_LayerInfos::info(const QString &name, bool create)
@@ -198,7 +227,7 @@ UT_SharedPtr<PKC_LayerInfos::LayerInfo_t> PKC_LayerInfos::info(const QString &na
 UT_SharedPtr<PKC_LayerInfos::LayerInfo_t> PKC_LayerInfos::info(const QString &name) const
 {
     for (const LayerPtr &layer : m_layers) {
-        if (layer->name == name)
+        if (isNamed(layer, name))
             return layer;
     }
     return nullptr;
@@ -207,7 +236,7 @@ UT_SharedPtr<PKC_LayerInfos::LayerInfo_t> PKC_LayerInfos::info(const QString &na
 bool PKC_LayerInfos::infoByLayerFlags(LAYER_FLAGS flags, std::vector<UT_SharedPtr<LayerInfo_t>> &found) const
 {
     for (const LayerPtr &layer : m_layers) {
-        if ((layer->layerFlags & flags) != 0)
+        if (layer && (layer->layerFlags & flags) != 0)
             found.push_back(layer);
     }
     return !found.empty();
@@ -270,7 +299,9 @@ void PKC_LayerInfos::setInheritedFlags(const QString &name, INHERITED_FLAGS flag
 PKC_LayerInfos::LayerInfoList_t PKC_LayerInfos::copiesOf(const LayerInfoList_t &layers)
 {
     LayerInfoList_t copies;
-    for (const LayerPtr &layer : layers)
-        copies.push_back(new LayerInfo_t(*layer));
+    for (const LayerPtr &layer : layers) {
+        if (layer)
+            copies.push_back(new LayerInfo_t(*layer));
+    }
     return copies;
 }

@@ -55,7 +55,7 @@ public:
     void dumpToString(QString &text) const override;
 
     /// @name Entries
-    /// Shared with whoever asks for them, never null.
+    /// Shared with whoever asks for them. One that is set to null through an iterator counts as none.
     /// @{
     LayerInfoList_t::iterator begin() { return m_layers.begin(); }
     LayerInfoList_t::iterator end() { return m_layers.end(); }
@@ -98,6 +98,7 @@ private:
     static LayerInfoList_t copiesOf(const LayerInfoList_t &layers);
 
     LayerInfoList_t m_layers;
+    unsigned int m_listChanges = 0; // entries that came or went: a reader remembers places in the list
 };
 
 inline PKC_LayerInfos::LAYER_FLAGS operator|(PKC_LayerInfos::LAYER_FLAGS left, PKC_LayerInfos::LAYER_FLAGS right)

@@ -11,6 +11,7 @@
 #include <gtest/gtest.h>
 
 #include <chrono>
+#include <functional>
 #include <limits>
 #include <utility>
 
@@ -40,6 +41,8 @@ std::string entriesOf(const PKC_LayerInfos &infos)
 {
     QStringList entries;
     for (const LayerPtr &layer : infos) {
+        if (!layer)
+            continue;
         entries += QStringLiteral("%1(%2 %3 %4 %5)")
                        .arg(layer->name, QString::number(layer->exportFlags), QString::number(layer->layerFlags),
                            QString::number(layer->displayFlags), QString::number(layer->inheritedFlags));
@@ -68,6 +71,36 @@ std::string namesByFlags(const PKC_LayerInfos &infos, int flags, std::vector<Lay
         names += layer->name;
     return names.join(QLatin1Char(' ')).toStdString();
 }
+
+/// Gives @p reader a layer with export flags 1 and layer flags 2.
+void readLayer(PIO_XML::ComponentReader &reader, const char *name)
+{
+    QXmlAttributes attributes;
+    attributes.append(text("name"), QString(), text("name"), text(name));
+    attributes.append(text("exportFlag"), QString(), text("exportFlag"), text("1"));
+    attributes.append(text("layerFlag"), QString(), text("layerFlag"), text("2"));
+    EXPECT_TRUE(reader.startElement(QString(), text("layer"), attributes));
+}
+
+/// Changes of a record of threeLayers() while a reader is at it, and the entries there are once it has then read
+/// a layer BG.
+const std::pair<std::function<void(PKC_LayerInfos &)>, const char *> changesWhileReading[] = {
+    {[](PKC_LayerInfos &infos) { infos.Clear(); }, "BG(1 2 0 0)"},
+    {[](PKC_LayerInfos &infos) { infos.remove(text("BG")); }, "Comments %2(-1 16 2 0) A(0 0 4 8) BG(1 2 0 0)"},
+    {[](PKC_LayerInfos &infos) { infos.add(layerOf("BG", 5, 5, 5, 5)); },
+        "Comments %2(-1 16 2 0) A(0 0 4 8) BG(1 2 0 0)"},
+    {[](PKC_LayerInfos &infos) { infos.add(layerOf("B", 5, 5, 5, 5)); },
+        "Comments %2(-1 16 2 0) A(0 0 4 8) B(5 5 5 5) BG(1 2 0 0)"},
+    {[](PKC_LayerInfos &infos) { infos = PKC_LayerInfos(); }, "BG(1 2 0 0)"},
+    {[](PKC_LayerInfos &infos) { infos.info(text("BG"), false)->name = text("old"); },
+        "old(13 257 0 1) Comments %2(-1 16 2 0) A(0 0 4 8) BG(1 2 0 0)"},
+    {[](PKC_LayerInfos &infos) {
+         infos.info(text("BG"), false)->name = text("old");
+         infos.info(text("A"), false)->name = text("BG");
+     },
+        "old(13 257 0 1) Comments %2(-1 16 2 0) BG(1 2 0 0)"},
+    {[](PKC_LayerInfos &infos) { *infos.begin() = nullptr; }, "Comments %2(-1 16 2 0) A(0 0 4 8) BG(1 2 0 0)"},
+};
 
 } // namespace
 
@@ -302,6 +335,65 @@ TEST(LayerInfos, GivesAReaderOnlyForLayersThatItTakes)
     EXPECT_TRUE(reader->endElement(QString(), text("layerInfos")));
     EXPECT_EQ(reader->startElement(QString(), text("layer"), QXmlAttributes()), reader);
     EXPECT_EQ(entriesOf(infos), "");
+}
+
+TEST(LayerInfos, ReadsOnWhenItChangedMeanwhile)
+{
+    for (const auto &[change, entries] : changesWhileReading) {
+        PKC_LayerInfos infos = threeLayers();
+        const UT_SharedPtr<PIO_XML::ComponentReader> reader(infos.componentReader());
+        change(infos);
+        readLayer(*reader, "BG");
+        EXPECT_EQ(entriesOf(infos), entries);
+    }
+}
+
+TEST(LayerInfos, ReadsOnWhenItChangedBetweenTwoLayers)
+{
+    for (const auto &[change, entries] : changesWhileReading) {
+        PKC_LayerInfos infos = threeLayers();
+        const UT_SharedPtr<PIO_XML::ComponentReader> reader(infos.componentReader());
+        readLayer(*reader, "first");
+        change(infos);
+        readLayer(*reader, "BG");
+        infos.remove(text("first"));
+        EXPECT_EQ(entriesOf(infos), entries);
+    }
+}
+
+TEST(LayerInfos, TakesTwoReadersAtATime)
+{
+    PKC_LayerInfos infos = threeLayers();
+    const UT_SharedPtr<PIO_XML::ComponentReader> one(infos.componentReader());
+    const UT_SharedPtr<PIO_XML::ComponentReader> other(infos.componentReader());
+    for (const char *name : {"BG", "A", "BG"}) {
+        readLayer(*one, name);
+        readLayer(*other, name);
+    }
+    EXPECT_EQ(entriesOf(infos), "Comments %2(-1 16 2 0) A(1 2 0 0) BG(1 2 0 0)");
+}
+
+TEST(LayerInfos, TakesAnEntryThatWasSetToNullForNone)
+{
+    PKC_LayerInfos infos = threeLayers();
+    *infos.begin() = nullptr;
+    const std::string rest = "Comments %2(-1 16 2 0) A(0 0 4 8)";
+    EXPECT_EQ(entriesOf(infos), rest);
+    EXPECT_FALSE(infos.info(text("BG"), false));
+    EXPECT_EQ(infos.layerFlags(text("A")), 0);
+    EXPECT_EQ(namesByFlags(infos, -1), "Comments %2");
+    EXPECT_EQ(dumpOf(infos).find("BG"), std::string::npos);
+    EXPECT_EQ(entriesOf(PKC_LayerInfos(infos)), rest);
+    EXPECT_EQ(entriesOf(*cloneOf(infos)), rest);
+    EXPECT_EQ(entriesOf(*as<PKC_LayerInfos>(readBack(infos))), rest);
+    infos.remove(text("A"));
+    readPayload(infos, text("<layerInfos><layer name='B' exportFlag='1' layerFlag='2'/></layerInfos>"));
+    infos.add(layerOf("BG", 5, 0, 0, 0));
+    EXPECT_EQ(entriesOf(infos), "Comments %2(-1 16 2 0) B(1 2 0 0) BG(5 0 0 0)");
+    EXPECT_TRUE(infos.isValid());
+    for (LayerPtr &layer : infos)
+        layer = nullptr;
+    EXPECT_FALSE(infos.isValid());
 }
 
 // Each of the repeated layers would have to be looked for behind all the others.
