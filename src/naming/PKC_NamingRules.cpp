@@ -106,6 +106,18 @@ PKC_NamingRules::PKC_NamingRules(const QString &name, const QString &creator, co
     setOverloadingPref(m_overloadingPref);
 }
 
+PKC_NamingRules &PKC_NamingRules::operator=(const PKC_NamingRules &other)
+{
+    PIO_Metadata::operator=(other);
+    m_autoShowTotal = other.m_autoShowTotal;
+    m_enabledAct = other.m_enabledAct;
+    m_sequenceRules = other.m_sequenceRules;
+    m_shotRules = other.m_shotRules;
+    m_panelRules = other.m_panelRules;
+    setOverloadingPref(other.m_overloadingPref);
+    return *this;
+}
+
 PKC_NamingRules::~PKC_NamingRules() = default;
 
 bool PKC_NamingRules::isValid() const

@@ -47,7 +47,8 @@ public:
         /// For "sequence", "shot" or "panel"; under another name each rule without a preference is false or 0.
         explicit ObjRules(const QString &objName);
         ObjRules(const ObjRules &) = default;
-        ObjRules &operator=(const ObjRules &) = default;
+        /// Takes the rules and stays what it is: of the same kind of object, and counting as before.
+        ObjRules &operator=(const ObjRules &other);
         virtual ~ObjRules();
 
         /// Compares what is stored and not what the getters answer; whether it counts takes no part.
@@ -108,7 +109,7 @@ public:
     explicit PKC_NamingRules(const QString &name = QString());
     PKC_NamingRules(const QString &name, const QString &creator, const QString &version);
     PKC_NamingRules(const PKC_NamingRules &) = default;
-    PKC_NamingRules &operator=(const PKC_NamingRules &) = default;
+    PKC_NamingRules &operator=(const PKC_NamingRules &other);
     ~PKC_NamingRules() override;
 
     /// Always.

@@ -86,6 +86,20 @@ PKC_NamingRules::ObjRules::ObjRules(const QString &objName) :
 {
 }
 
+PKC_NamingRules::ObjRules &PKC_NamingRules::ObjRules::operator=(const ObjRules &other)
+{
+    m_automaticLeadingZeros = other.m_automaticLeadingZeros;
+    m_numberOfZeros = other.m_numberOfZeros;
+    m_allowCustomName = other.m_allowCustomName;
+    m_autoIncrementRule = other.m_autoIncrementRule;
+    m_autoIncrementValue = other.m_autoIncrementValue;
+    m_nameSuffixDelimiter = other.m_nameSuffixDelimiter;
+    m_nameSuffixType = other.m_nameSuffixType;
+    m_smartNameOnDrop = other.m_smartNameOnDrop;
+    m_resetNameOnNewParent = other.m_resetNameOnNewParent;
+    return *this;
+}
+
 PKC_NamingRules::ObjRules::~ObjRules() = default;
 
 bool PKC_NamingRules::ObjRules::operator==(const ObjRules &other) const

@@ -346,6 +346,40 @@ TEST_F(NamingRules, CopyEveryField)
     expectFullRules(*clone);
 }
 
+TEST_F(NamingRules, CopyRulesFromOneKindOfObjectToAnother)
+{
+    PKC_NamingRules quiet;
+    PKC_NamingRules rules = fullRules();
+    quiet.panelRules() = rules.sequenceRules();
+    EXPECT_EQ(answersOf(quiet.panelRules()), "no 0 no 0 10 1 2 no yes"); // does not count, as before
+    EXPECT_EQ(storedOf(quiet), "| no 2 yes 0 10 1 0 no no | no 2 yes 0 10 1 0 no no | yes 10 yes 11 12 13 14 yes yes");
+    EXPECT_EQ(storedOf(*as<PKC_NamingRules>(readBack(quiet))), storedOf(quiet));
+
+    rules.sequenceRules() = PKC_NamingRules().panelRules();
+    EXPECT_EQ(answersOf(rules.sequenceRules()), "no 0 no 0 10 1 2 no yes"); // counts, as before
+    EXPECT_TRUE(rules.sequenceRules() != PKC_NamingRules().panelRules());
+}
+
+TEST_F(NamingRules, CountInAllPartsAsTheRecordTheyAreAssigned)
+{
+    tuPref->setIntValue(text("ST_SEQUENCE_NAME_NUMBER_OF_ZEROS"), 3);
+    tuPref->setIntValue(text("ST_SHOT_NAME_NUMBER_OF_ZEROS"), 4);
+    tuPref->setIntValue(text("ST_PANEL_NAME_NUMBER_OF_ZEROS"), 5);
+    const auto expectZeros = [](const PKC_NamingRules &rules, int sequence, int shot, int panel) {
+        EXPECT_EQ(rules.sequenceRules().numberOfZeros(), sequence);
+        EXPECT_EQ(rules.shotRules().numberOfZeros(), shot);
+        EXPECT_EQ(rules.panelRules().numberOfZeros(), panel);
+    };
+    PKC_NamingRules rules;
+    expectZeros(rules, 3, 4, 5);
+    rules = fullRules();
+    expectZeros(rules, 10, 20, -30);
+    expectZeros(*cloneOf(rules), 10, 20, -30);
+    rules = PKC_NamingRules();
+    rules.sequenceRules().setNumberOfZeros(9);
+    expectZeros(rules, 3, 4, 5);
+}
+
 TEST_F(NamingRules, WriteWhatIsStored)
 {
     tuPref->setIntValue(text("ST_SHOT_NAME_NUMBER_OF_ZEROS"), 9);
