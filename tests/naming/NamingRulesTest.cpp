@@ -10,6 +10,7 @@
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <iterator>
 #include <type_traits>
 #include <utility>
 
@@ -81,6 +82,19 @@ void expectFullRules(const PKC_NamingRules &rules)
     EXPECT_EQ(textsOf(rules), "namingRules 'inside' 'elsewhere' '2.0'");
     EXPECT_TRUE(rules.overloadingPref());
     EXPECT_EQ(storedOf(rules), fullStored);
+}
+
+/// A record of the older version in which each switch is on and no two numbers are equal.
+PKC_NamingRules fullOlderRules()
+{
+    PKC_NamingRules rules(text("inside"), text("elsewhere"), text("1.0"));
+    rules.setOverloadingPref(true);
+    rules.setAutoShowTotal(true);
+    rules.setEnabledAct(true);
+    setAll(rules.sequenceRules(), true, 10);
+    setAll(rules.shotRules(), true, 20);
+    setAll(rules.panelRules(), true, 30);
+    return rules;
 }
 
 /// Rules whose own switch can be reached.
@@ -477,14 +491,62 @@ TEST_F(NamingRules, ReadTheFlatRulesOfOlderFiles)
         "| no 2 yes 0 10 1 0 no no | no 0 yes 0 0 0 0 no no | no 0 no 0 10 1 2 no yes");
 }
 
+TEST_F(NamingRules, ReadMissingAndBadSwitchesOfOlderFilesAsTheyWere)
+{
+    for (const char *attributes : {"", "automaticLeadingZeros='1' allowCustomName='x' smartShotNameOnDrop=''",
+             "overloadingPref='1' autoShowTotal='x' enabledAct=''", "overloadingPref='True' autoShowTotal=' true'"}) {
+        PKC_NamingRules rules = fullOlderRules();
+        readPayload(rules, QStringLiteral("<namingRules %1/>").arg(text(attributes)));
+        EXPECT_TRUE(rules.overloadingPref()) << attributes;
+        EXPECT_EQ(storedOf(rules),
+            "total act | yes 10 yes 11 12 13 14 yes yes | yes 0 yes 0 0 0 0 yes yes | yes 30 yes 0 32 33 34 yes yes")
+            << attributes;
+    }
+}
+
+TEST_F(NamingRules, ReadBadNumbersOfOlderFilesAsZero)
+{
+    const char *const keys[] = {"numberOfZeros", "autoIncrementRule", "shotAutoIncrementRule",
+        "sceneNameIncrementValue", "shotConflictDelimiter", "shotConflictType"};
+    const std::string stored[] = {"yes 0 yes 3 4 5 6 yes yes | yes 30 yes 2 32 33 34 yes yes",
+        "yes 1 yes 3 4 5 6 yes yes | yes 30 yes 0 32 33 34 yes yes",
+        "yes 1 yes 0 4 5 6 yes yes | yes 30 yes 2 32 33 34 yes yes",
+        "yes 1 yes 3 0 5 6 yes yes | yes 30 yes 2 32 33 34 yes yes",
+        "yes 1 yes 3 4 0 6 yes yes | yes 30 yes 2 32 33 34 yes yes",
+        "yes 1 yes 3 4 5 0 yes yes | yes 30 yes 2 32 33 34 yes yes"};
+    for (std::size_t bad = 0; bad < std::size(keys); ++bad) {
+        for (const char *malformed : {"", "x", "1.5", "0x1", "2147483648"}) {
+            QString attributes;
+            for (std::size_t i = 0; i < std::size(keys); ++i)
+                attributes +=
+                    QStringLiteral(" %1='%2'").arg(text(keys[i]), i == bad ? text(malformed) : QString::number(i + 1));
+            PKC_NamingRules rules = fullOlderRules();
+            readPayload(rules, QStringLiteral("<namingRules%1/>").arg(attributes));
+            EXPECT_EQ(storedOf(rules), "total act | yes 10 yes 11 12 13 14 yes yes | " + stored[bad])
+                << keys[bad] << " '" << malformed << "'";
+        }
+    }
+}
+
+TEST_F(NamingRules, CountInAllPartsAsTheFileSays)
+{
+    for (const char *version : {"1.0", "2.0"}) {
+        PKC_NamingRules rules(QString(), QString(), text(version));
+        for (ObjRules *part : {&rules.sequenceRules(), &rules.shotRules(), &rules.panelRules()})
+            part->setSmartNameOnDrop(true); // the preferences say no
+        for (const bool on : {true, false, true}) {
+            readPayload(
+                rules, QStringLiteral("<namingRules overloadingPref='%1'/>").arg(on ? text("true") : text("false")));
+            EXPECT_EQ(rules.overloadingPref(), on) << version;
+            for (const ObjRules *part : {&rules.sequenceRules(), &rules.shotRules(), &rules.panelRules()})
+                EXPECT_EQ(part->smartNameOnDrop(), on) << version;
+        }
+    }
+}
+
 TEST_F(NamingRules, KeepAnOlderVersionThroughASave)
 {
-    PKC_NamingRules old(text("inside"), text("elsewhere"), text("1.0"));
-    old.setOverloadingPref(true);
-    old.setEnabledAct(true);
-    setAll(old.sequenceRules(), true, 10);
-    setAll(old.shotRules(), true, 20);
-    setAll(old.panelRules(), true, 30);
+    const PKC_NamingRules old = fullOlderRules();
     const auto again = as<PKC_NamingRules>(readBack(old));
     ASSERT_TRUE(again);
     EXPECT_EQ(textsOf(*again), "namingRules 'inside' 'elsewhere' '1.0'");
