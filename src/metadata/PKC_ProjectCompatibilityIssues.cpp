@@ -34,17 +34,18 @@ public:
 
 PKC_ProjectCompatibilityIssues::Issue::~Issue() = default;
 
-PKC_ProjectCompatibilityIssues::PKC_ProjectCompatibilityIssues()
-{
-    add(new SpaceInTimeLineIssue);
-}
+PKC_ProjectCompatibilityIssues::PKC_ProjectCompatibilityIssues() = default;
 
 PKC_ProjectCompatibilityIssues::~PKC_ProjectCompatibilityIssues() = default;
 
 PKC_ProjectCompatibilityIssues &PKC_ProjectCompatibilityIssues::instance()
 {
     // Made with the issue that is always there, so whoever comes first finds it, and never destroyed.
-    static auto *const registry = new PKC_ProjectCompatibilityIssues;
+    static auto *const registry = [] {
+        auto *const made = new PKC_ProjectCompatibilityIssues;
+        made->add(new SpaceInTimeLineIssue);
+        return made;
+    }();
     return *registry;
 }
 

@@ -6,6 +6,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdlib>
 #include <type_traits>
 
 namespace
@@ -45,7 +46,26 @@ private:
 };
 
 const bool never = false;
+const bool always = true;
 bool now = false;
+
+/// A registry apart from the one that is asked.
+class OwnRegistry : public PKC_ProjectCompatibilityIssues
+{
+};
+
+bool knows(const char *id)
+{
+    return !PKC_ProjectCompatibilityIssues::hasUnknowsIssue({{text(id), QString(), QString()}});
+}
+
+bool registerBeforeMain()
+{
+    PKC_ProjectCompatibilityIssues::registerIssue(new TestIssue("before main", never));
+    return knows("before main") && knows("space-between-panels");
+}
+
+const bool worksBeforeMain = registerBeforeMain();
 
 std::string found(PKC_PlotkaProject *project)
 {
@@ -62,6 +82,18 @@ std::string foundIn(const char *notation)
 }
 
 const std::string space = "space-between-panels/Plotka Pro/7.0.0";
+
+/// Ends the process, with 0 when the issue that is always there was replaced by another.
+[[noreturn]] void replaceTheBuiltInIssue()
+{
+    int deletions = 0;
+    auto *const other = new TestIssue("space-between-panels", always, &deletions);
+    PKC_ProjectCompatibilityIssues::registerIssue(other);
+    PKC_ProjectCompatibilityIssues::registerIssue(other);
+    const bool replaced = deletions == 0 && found(nullptr) == "space-between-panels/test product/0.1";
+    PKC_ProjectCompatibilityIssues::registerIssue(new TestIssue("space-between-panels", never));
+    std::_Exit(replaced && deletions == 1 && found(nullptr).empty() ? 0 : 1);
+}
 
 } // namespace
 
@@ -143,6 +175,29 @@ TEST(ProjectCompatibilityIssues, KnowIssuesByTheirIdAlone)
     EXPECT_TRUE(hasUnknown({{text("known later"), QString(), QString()}}));
     PKC_ProjectCompatibilityIssues::registerIssue(new TestIssue("known later", never));
     EXPECT_FALSE(hasUnknown({{text("known later"), QString(), QString()}}));
+}
+
+// In a process of its own: other tests need the issue.
+TEST(ProjectCompatibilityIssuesDeathTest, ReplaceTheIssueThatIsAlwaysThere)
+{
+    EXPECT_EXIT(replaceTheBuiltInIssue(), testing::ExitedWithCode(0), "");
+    EXPECT_EQ(foundIn("-1- A(10)"), space);
+}
+
+TEST(ProjectCompatibilityIssues, AreThereBeforeMain)
+{
+    EXPECT_TRUE(worksBeforeMain);
+    EXPECT_TRUE(knows("before main"));
+}
+
+// The check for leaks tells of an issue that would be made for it and lost.
+TEST(ProjectCompatibilityIssues, BelongToTheOneRegistry)
+{
+    {
+        const OwnRegistry own;
+    }
+    EXPECT_TRUE(knows("space-between-panels"));
+    EXPECT_EQ(foundIn("-1- A(10)"), space);
 }
 
 TEST(ProjectCompatibilityIssues, AreOneRegistry)
