@@ -140,6 +140,17 @@ TEST(DeletedPanels, ReadsABadDateAsNone)
     PKC_DeletedPanels panels;
     readPayload(panels, QStringLiteral("<scene id='5' date='noon'/><scene id='6' date='2030-02-30T00:00:00'/>"));
     EXPECT_EQ(entriesOf(panels), "5@ 6@");
+
+    const QDateTime before = QDateTime::currentDateTime();
+    const auto again = as<PKC_DeletedPanels>(readBack(panels)); // where it is written as an empty one
+    ASSERT_TRUE(again);
+    const QString text = QString::fromStdString(entriesOf(*again));
+    EXPECT_TRUE(text.startsWith(QLatin1String("5@"))) << text.toStdString();
+    for (const QString &entry : text.split(QLatin1Char(' '))) {
+        const QDateTime date = QDateTime::fromString(entry.section(QLatin1Char('@'), 1), Qt::ISODate);
+        EXPECT_GE(date, before.addSecs(-1)) << text.toStdString();
+        EXPECT_LE(date, QDateTime::currentDateTime()) << text.toStdString();
+    }
 }
 
 TEST(DeletedPanels, ReadsABadIdAsTheNullId)

@@ -207,6 +207,18 @@ TEST(ExposurePoints, ReadsBackWhatItWrote)
     EXPECT_EQ(markupOf(*again), markupOf(points));
 }
 
+TEST(ExposurePoints, LosesAPrimaryPointThatIsNotFinite)
+{
+    for (const float odd : {infinity, -infinity, notANumber}) {
+        PKC_ExposurePoints points = threePoints();
+        points.setPrimaryExposurePoint(odd);
+        const auto again = as<PKC_ExposurePoints>(readBack(points));
+        ASSERT_TRUE(again);
+        EXPECT_EQ(again->exposureList(), points.exposureList());
+        EXPECT_EQ(again->getPrimaryExposurePoint(), 0.0F) << odd;
+    }
+}
+
 TEST(ExposurePoints, DumpsItsPointsForDebugging)
 {
     QString base;

@@ -105,6 +105,19 @@ TEST(ProjectLinkInfo, ReadsBackWhatItWrote)
     EXPECT_EQ(markupOf(*again), markupOf(threeLinks()));
 }
 
+TEST(ProjectLinkInfo, WritesADateOutsideTheYearsOfFilesAsNone)
+{
+    const auto dateOfYear = [](int year) { return QDateTime(QDate(year, 1, 2), QTime(12, 0, 1), Qt::UTC); };
+    PKC_ProjectLinkInfo info;
+    info.link(text("a"), dateOfYear(10000));
+    info.link(text("b"), dateOfYear(-1));
+    info.link(text("c"), dateOfYear(9999));
+    info.link(text("d"), dateOfYear(1));
+    const auto again = as<PKC_ProjectLinkInfo>(readBack(info));
+    ASSERT_TRUE(again);
+    EXPECT_EQ(linksOf(*again), "a@ b@ c@9999-01-02T12:00:01Z d@0001-01-02T12:00:01Z");
+}
+
 TEST(ProjectLinkInfo, DumpsNothing)
 {
     EXPECT_EQ(dumpOf(threeLinks()), "");

@@ -6,6 +6,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <functional>
 #include <limits>
 
@@ -150,6 +151,20 @@ TEST(ReferenceToolData, ReadsBackWhatItWrote)
     far.setScale(std::numeric_limits<double>::infinity());
     far.setPos(Math::Point2d(std::numeric_limits<double>::max(), std::numeric_limits<double>::denorm_min()));
     EXPECT_TRUE(as<PKC_ReferenceToolData>(readBack(far))->data() == far.data());
+}
+
+TEST(ReferenceToolData, TakesNumbersThatAreNotFinite)
+{
+    const PKC_ReferenceToolData tool =
+        readFrom(text("<position x='inf' y='1' angle='2' scale='nan'/><color r='4' g='5' b='6' a='-inf'/>"));
+    EXPECT_TRUE(std::isnan(tool.scale()));
+    EXPECT_EQ(tool.pos().x, std::numeric_limits<double>::infinity());
+    EXPECT_EQ(tool.alpha(), -std::numeric_limits<double>::infinity());
+    EXPECT_EQ(tool.rgb(), QColor(4, 5, 6));
+    const std::string markup = markupOf(tool);
+    EXPECT_NE(markup.find("x=\"inf\" y=\"1\" angle=\"2\" scale=\"nan\""), std::string::npos) << markup;
+    EXPECT_NE(markup.find("a=\"-inf\""), std::string::npos) << markup;
+    EXPECT_EQ(markupOf(*readBack(tool)), markup);
 }
 
 TEST(ReferenceToolData, DumpsItsFieldsForDebugging)
