@@ -1,27 +1,54 @@
 #include "project/Clip.h"
 
+#include "layers/PKC_LayerInfos.h"
+#include "metadata/PKC_ExposurePoints.h"
+#include "project/RecordAccesses_p.h"
 #include "scene/base/UT_Numbers.h"
+#include "scene/session/TUScene.h"
 
 namespace Plotka
 {
 
-/// At most one of the two is valid.
+/// At most one of the two handles is valid.
 struct Clip::Body {
+    Body() = default;
+    Body(const Panel_t &onePanel, const VideoClip &oneVideoClip) : panel(onePanel), videoClip(oneVideoClip)
+    {
+        records.complete(container(), ClipRecordsKind);
+    }
+    Body(const Body &other) : Body(other.panel, other.videoClip) {}
+
+    /// Null once the scene has gone.
+    PIO_Metadatas *container() const
+    {
+        const TUScene *const shown = panel.symbol() ? panel.symbol() : videoClip.symbol();
+        return shown ? shown->metadatas() : nullptr;
+    }
+
+    template <typename Record>
+    Record *record()
+    {
+        PIO_Metadatas *const known = container();
+        return known ? records.get<Record>(known) : nullptr;
+    }
+
     Panel_t panel;
     VideoClip videoClip;
+    // In the order in which they are made.
+    RecordAccesses<PKC_LayerInfos, PKC_ExposurePoints> records;
 };
 
 Clip::Clip() : m_body(std::make_unique<Body>()) {}
 
-Clip::Clip(const Panel_t &panel) : m_body(std::make_unique<Body>(Body{panel, VideoClip()})) {}
+Clip::Clip(const Panel_t &panel) : m_body(std::make_unique<Body>(panel, VideoClip())) {}
 
-Clip::Clip(const VideoClip &videoClip) : m_body(std::make_unique<Body>(Body{Panel_t(), videoClip})) {}
+Clip::Clip(const VideoClip &videoClip) : m_body(std::make_unique<Body>(Panel_t(), videoClip)) {}
 
 Clip::Clip(const Clip &other) : m_body(std::make_unique<Body>(*other.m_body)) {}
 
 Clip &Clip::operator=(const Clip &other)
 {
-    *m_body = *other.m_body;
+    m_body = std::make_unique<Body>(*other.m_body);
     return *this;
 }
 
@@ -121,6 +148,16 @@ bool Clip::isInRange(unsigned int projectFrame) const
     if (!isPanel())
         return videoClip().frameBlock().isInRange(projectFrame);
     return panel().frameBlock().isInRange(panel().shot().projectFrameToShotFrame(projectFrame));
+}
+
+PKC_LayerInfos *Clip::layerInfos() const
+{
+    return m_body->record<PKC_LayerInfos>();
+}
+
+PKC_ExposurePoints *Clip::exposurePoints() const
+{
+    return m_body->record<PKC_ExposurePoints>();
 }
 
 unsigned int Clip::clipFrameToProjectFrame(double clipFrame) const

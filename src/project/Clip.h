@@ -5,6 +5,9 @@
 
 #include <memory>
 
+class PKC_ExposurePoints;
+class PKC_LayerInfos;
+
 namespace Plotka
 {
 
@@ -56,6 +59,14 @@ public:
     /// lastFrame() + 1 - firstFrame().
     unsigned int objNumOfFrame() const;
     bool isInRange(unsigned int projectFrame) const;
+    /// @}
+
+    /// @name Records
+    /// Those of the panel's or the video clip's scene, which owns them; making a Clip adds them when they are
+    /// missing. Null once the scene has gone.
+    /// @{
+    PKC_LayerInfos *layerInfos() const;
+    PKC_ExposurePoints *exposurePoints() const;
     /// @}
 
     unsigned int clipFrameToProjectFrame(double clipFrame) const;

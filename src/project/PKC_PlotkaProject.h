@@ -15,6 +15,11 @@
 #include <vector>
 
 class MO_Node;
+class PKC_DeletedPanels;
+class PKC_NamingRules;
+class PKC_ProjectCompatibility;
+class PKC_ProjectLinkInfo;
+class PKC_ReferenceToolData;
 class SC_Project;
 class SC_ProjectCommon;
 class SC_SceneCommon;
@@ -31,6 +36,7 @@ class TUTimedValue;
 ///
 /// Sections and their sources:
 ///   Container      PKC_PlotkaProject.cpp
+///   Records        PKC_PlotkaProject_Records.cpp
 ///   Traversal      PKC_PlotkaProject_Traversal.cpp
 ///   Frame lookups  PKC_PlotkaProject_FrameLookups.cpp
 ///   Identity       PKC_PlotkaProject_Identity.cpp
@@ -116,6 +122,17 @@ public:
         Q_DISABLE_COPY_MOVE(LockHelper)
         QPointer<PKC_PlotkaProject> m_project;
     };
+    /// @}
+
+    /// @name Records
+    /// Those of the SC_Project, which owns them; null without one, and when a record has been taken away. Making this
+    /// project adds the first three when they are missing, asking adds the others.
+    /// @{
+    PKC_ReferenceToolData *referenceToolData() const;
+    PKC_DeletedPanels *deletedPanels() const;
+    PKC_ProjectLinkInfo *projectLinkInfo() const;
+    PKC_ProjectCompatibility *projectCompatibility() const;
+    PKC_NamingRules *namingRules() const;
     /// @}
 
     /// @name Traversal

@@ -2,7 +2,11 @@
 
 // Private to the PKC_PlotkaProject*.cpp files.
 
+#include "metadata/PKC_DeletedPanels.h"
+#include "metadata/PKC_ProjectLinkInfo.h"
+#include "metadata/PKC_ReferenceToolData.h"
 #include "project/PKC_PlotkaProject.h"
+#include "project/RecordAccesses_p.h"
 #include "project/TimelineCaches_p.h"
 #include "scene/base/UT_SharedPtr.h"
 #include "scene/session/SC_Project.h"
@@ -13,7 +17,18 @@
 #include <set>
 
 struct PKC_PlotkaProject::Private {
-    explicit Private(SC_Project *ownedProject) : project(ownedProject) {}
+    explicit Private(SC_Project *ownedProject) : project(ownedProject)
+    {
+        projectRecords.complete(container(), Plotka::ProjectRecordsKind);
+    }
+
+    /// Null without a project.
+    PIO_Metadatas *container() const { return project ? project->metadatas() : nullptr; }
+    template <typename Record>
+    Record *record()
+    {
+        return project ? projectRecords.get<Record>(container()) : nullptr;
+    }
 
     TUScene *topScene() const;
     TUScene *sceneOf(const AT_FrameBlock &block) const;
@@ -31,4 +46,7 @@ struct PKC_PlotkaProject::Private {
     std::set<SC_Id> savedPanelIds;
     QMutex mutex; // taken by LockHelper alone
     bool locked = false;
+
+    // In the order in which they are made.
+    Plotka::RecordAccesses<PKC_ReferenceToolData, PKC_DeletedPanels, PKC_ProjectLinkInfo> projectRecords;
 };

@@ -1,10 +1,16 @@
 #pragma once
 
+#include "infofields/PKC_InfoFieldList.h"
+#include "layers/PKC_LayerInfos.h"
 #include "metadata/PKC_ClipInfo.h"
+#include "metadata/PKC_ExposurePoints.h"
+#include "metadata/PKC_SoundAnnotation.h"
+#include "pdf/PKC_PdfOptions.h"
 #include "project/ObjectPrivate_p.h"
+#include "project/RecordAccesses_p.h"
 #include "project/ShotPrivate_p.h"
-#include "scene/metadata/PIO_MetadataAccess.h"
 #include "scene/session/TUScene.h"
+#include "tracking/PKC_Tracking.h"
 
 namespace Plotka
 {
@@ -28,8 +34,18 @@ public:
     const Shot_t shot{};
     const NameHelperRef nameHelper{};
 
-    // In the order in which they are made; the records of captions, tracking, exposure points, layers, sound annotations and PDF options follow.
-    PIO_MetadataAccess<PKC_ClipInfo> clipInfo;
+    /// Null once the scene has gone.
+    template <typename Record>
+    Record *record()
+    {
+        return scene ? m_records.get<Record>(scene->metadatas()) : nullptr;
+    }
+
+private:
+    // In the order in which they are made.
+    RecordAccesses<PKC_ClipInfo, PKC_InfoFieldList, PKC_Tracking, PKC_ExposurePoints, PKC_LayerInfos,
+        PKC_SoundAnnotation, PKC_PdfOptions>
+        m_records;
 };
 
 } // namespace Plotka

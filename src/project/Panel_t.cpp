@@ -27,10 +27,9 @@ unsigned int blockFrameToProjectFrame(const Shot_t &shot, unsigned int frame)
 PanelPrivate::PanelPrivate(const TUSeqTimedValue *owningTimedValue, const TUScene *panelScene, const Shot_t &owningShot,
     const ObjectNameHelper *helper) :
     ObjectPrivate(owningTimedValue, objectId(panelScene)),
-    scene(panelScene), shot(owningShot), nameHelper(helper),
-    clipInfo(panelScene ? panelScene->metadatas() : nullptr, QString())
+    scene(panelScene), shot(owningShot), nameHelper(helper)
 {
-    clipInfo.getOrCreate();
+    m_records.complete(panelScene ? panelScene->metadatas() : nullptr, PanelRecordsKind);
 }
 
 Panel_t::Panel_t() = default;
@@ -164,7 +163,37 @@ QString Panel_t::actName() const
 
 PKC_ClipInfo *Panel_t::clipInfo() const
 {
-    return symbol() ? object()->clipInfo.get() : nullptr;
+    return object()->record<PKC_ClipInfo>();
+}
+
+PKC_InfoFieldList *Panel_t::infoFieldList() const
+{
+    return object()->record<PKC_InfoFieldList>();
+}
+
+PKC_Tracking *Panel_t::tracking() const
+{
+    return object()->record<PKC_Tracking>();
+}
+
+PKC_ExposurePoints *Panel_t::exposurePoints() const
+{
+    return object()->record<PKC_ExposurePoints>();
+}
+
+PKC_LayerInfos *Panel_t::layerInfos() const
+{
+    return object()->record<PKC_LayerInfos>();
+}
+
+PKC_SoundAnnotation *Panel_t::soundAnnotation() const
+{
+    return object()->record<PKC_SoundAnnotation>();
+}
+
+PKC_PdfOptions *Panel_t::pdfOptions() const
+{
+    return object()->record<PKC_PdfOptions>();
 }
 
 double Panel_t::panelFrameToShotFrame(double panelFrame) const

@@ -5,6 +5,12 @@
 
 class MO_Node;
 class PKC_ClipInfo;
+class PKC_ExposurePoints;
+class PKC_InfoFieldList;
+class PKC_LayerInfos;
+class PKC_PdfOptions;
+class PKC_SoundAnnotation;
+class PKC_Tracking;
 
 namespace Plotka
 {
@@ -68,8 +74,18 @@ public:
     /// The custom name of the shot, else "0".
     QString sequenceName() const;
     QString actName() const;
-    /// Null once the scene has gone.
+    /// @}
+
+    /// @name Records
+    /// Those of the scene, which owns them. Null once the scene has gone.
+    /// @{
     PKC_ClipInfo *clipInfo() const;
+    PKC_InfoFieldList *infoFieldList() const;
+    PKC_Tracking *tracking() const;
+    PKC_ExposurePoints *exposurePoints() const;
+    PKC_LayerInfos *layerInfos() const;
+    PKC_SoundAnnotation *soundAnnotation() const;
+    PKC_PdfOptions *pdfOptions() const;
     /// @}
 
     /// @name Frame crossings

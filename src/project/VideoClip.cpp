@@ -36,10 +36,9 @@ const MO_Node *firstElement(const TUGroup *group)
 } // namespace
 
 VideoClipPrivate::VideoClipPrivate(const TUSeqTimedValue *owningTimedValue, const TUScene *clipScene) :
-    ObjectPrivate(owningTimedValue, clipScene ? clipScene->objectId() : SC_Id()), scene(clipScene),
-    clipInfo(clipScene ? clipScene->metadatas() : nullptr, QString())
+    ObjectPrivate(owningTimedValue, clipScene ? clipScene->objectId() : SC_Id()), scene(clipScene)
 {
-    clipInfo.getOrCreate();
+    m_records.complete(clipScene ? clipScene->metadatas() : nullptr, VideoClipRecordsKind);
 }
 
 VideoClip::VideoClip() = default;
@@ -130,7 +129,12 @@ QString VideoClip::name() const
 
 PKC_ClipInfo *VideoClip::clipInfo() const
 {
-    return symbol() ? object()->clipInfo.get() : nullptr;
+    return object()->record<PKC_ClipInfo>();
+}
+
+PKC_Tracking *VideoClip::tracking() const
+{
+    return object()->record<PKC_Tracking>();
 }
 
 unsigned int VideoClip::videoClipFrameToProjectFrame(double clipFrame) const

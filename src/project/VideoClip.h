@@ -8,6 +8,7 @@
 #include <QString>
 
 class PKC_ClipInfo;
+class PKC_Tracking;
 class TUScene;
 
 namespace Plotka
@@ -55,8 +56,13 @@ public:
     /// The name of its record; when that is empty, the name of the scene's first element, which the record keeps from
     /// then on; else a null text.
     QString name() const;
-    /// Null once the scene has gone.
+
+    /// @name Records
+    /// Those of the scene, which owns them. Null once the scene has gone.
+    /// @{
     PKC_ClipInfo *clipInfo() const;
+    PKC_Tracking *tracking() const;
+    /// @}
 
     /// @name Frame crossings
     /// A clip frame is a position in the inner range of the clip's time warp.

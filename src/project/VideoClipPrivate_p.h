@@ -2,8 +2,9 @@
 
 #include "metadata/PKC_ClipInfo.h"
 #include "project/ObjectPrivate_p.h"
-#include "scene/metadata/PIO_MetadataAccess.h"
+#include "project/RecordAccesses_p.h"
 #include "scene/session/TUScene.h"
+#include "tracking/PKC_Tracking.h"
 
 namespace Plotka
 {
@@ -24,8 +25,16 @@ public:
 
     const UT_SharedWeakPtr<TUScene> scene{};
 
-    // In the order in which they are made; the record of tracking comes before.
-    PIO_MetadataAccess<PKC_ClipInfo> clipInfo;
+    /// Null once the scene has gone.
+    template <typename Record>
+    Record *record()
+    {
+        return scene ? m_records.get<Record>(scene->metadatas()) : nullptr;
+    }
+
+private:
+    // In the order in which they are made.
+    RecordAccesses<PKC_Tracking, PKC_ClipInfo> m_records;
 };
 
 } // namespace Plotka

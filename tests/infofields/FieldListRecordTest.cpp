@@ -2,6 +2,7 @@
 #include "infofields/FieldTexts.h"
 #include "infofields/PKC_InfoFieldImage.h"
 #include "infofields/PKC_InfoFieldText.h"
+#include "metadata/PKC_MetadataFactory.h"
 #include "scene/metadata/PIO_RecordWriter.h"
 #include "scene/metadata/PIO_WritingContext.h"
 #include "scene/metadata/PO_XmlWriter.h"
@@ -166,6 +167,7 @@ TEST(FieldListRecord, ReadsBackWhatItWroteWithoutCarriageReturnsAndDragNames)
 
 TEST(FieldListRecord, TellsADragWhatEachFieldIsCalledHere)
 {
+    PKC_MetadataFactory::createInstance();
     const PIO_RecordResult result = readRecord(QString::fromStdString(draggedMarkupOf(fullList())));
     const auto *again = dynamic_cast<const PKC_InfoFieldList *>(result.record.get());
     ASSERT_NE(again, nullptr);

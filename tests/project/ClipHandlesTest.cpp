@@ -1,13 +1,17 @@
 #include "support/Printers.h"
+#include "support/Records.h"
 #include "support/Storyboard.h"
 
 #include "project/ObjectIds.h"
 
+#include "layers/PKC_LayerInfos.h"
 #include "metadata/PKC_ClipInfo.h"
+#include "metadata/PKC_ExposurePoints.h"
 #include "scene/network/MO_ElementModule.h"
 #include "scene/network/TUGroup.h"
 #include "scene/timeline/AT_SceneSeq.h"
 #include "scene/timeline/AT_TimeWarpSeq.h"
+#include "tracking/PKC_Tracking.h"
 
 #include <gtest/gtest.h>
 
@@ -91,12 +95,41 @@ TEST_F(ClipHandles, VideoClipOfANullSceneHasTheNullId)
     EXPECT_EQ(clip.clipInfo(), nullptr);
 }
 
-TEST_F(ClipHandles, VideoClipGivesItsSceneTheRecordItLacks)
+TEST_F(ClipHandles, VideoClipGivesItsSceneTheRecordsItLacks)
 {
     EXPECT_EQ(scene->metadatas()->begin(), scene->metadatas()->end());
     const VideoClip clip(track, scene, VideoTrack());
-    ASSERT_NE(clip.clipInfo(), nullptr);
+    EXPECT_EQ(typesOf(*scene), "tracking panelInfo");
     EXPECT_TRUE(scene->metadatas()->contains(clip.clipInfo()));
+    EXPECT_TRUE(scene->metadatas()->contains(clip.tracking()));
+}
+
+TEST_F(ClipHandles, ClipGivesItsSceneTheRecordsItLacks)
+{
+    const VideoClip video(track, scene, VideoTrack());
+    const Clip ofVideo(video);
+    EXPECT_EQ(typesOf(*scene), "tracking panelInfo layerInfos exposurePoints");
+    EXPECT_TRUE(scene->metadatas()->contains(ofVideo.layerInfos()));
+    EXPECT_TRUE(scene->metadatas()->contains(ofVideo.exposurePoints()));
+    const Clip copy(ofVideo);
+    EXPECT_EQ(copy.layerInfos(), ofVideo.layerInfos());
+
+    const Panel_t panel = board->getPanelByNdx(0);
+    const Clip ofPanel(panel);
+    EXPECT_EQ(ofPanel.layerInfos(), panel.layerInfos());
+    EXPECT_EQ(ofPanel.exposurePoints(), panel.exposurePoints());
+    EXPECT_EQ(Clip().layerInfos(), nullptr);
+    EXPECT_EQ(Clip().exposurePoints(), nullptr);
+}
+
+TEST_F(ClipHandles, ClipHasNoRecordsOnceItsSceneIsGone)
+{
+    const Clip clip(board->getPanelByNdx(1));
+    ASSERT_NE(clip.layerInfos(), nullptr);
+    ASSERT_TRUE(board.deletePanelScene(0, 1));
+    EXPECT_EQ(clip.layerInfos(), nullptr);
+    EXPECT_EQ(clip.exposurePoints(), nullptr);
+    EXPECT_EQ(Clip(clip).layerInfos(), nullptr);
 }
 
 TEST_F(ClipHandles, VideoClipMapsFramesThroughItsTimeWarp)

@@ -1,16 +1,25 @@
 #include "support/Printers.h"
+#include "support/Records.h"
 #include "support/Storyboard.h"
 
 #include "project/ObjectIds.h"
 
+#include "infofields/PKC_InfoFieldList.h"
+#include "layers/PKC_LayerInfos.h"
 #include "metadata/PKC_ClipInfo.h"
+#include "metadata/PKC_ExposurePoints.h"
+#include "metadata/PKC_SoundAnnotation.h"
+#include "pdf/PKC_PdfOptions.h"
 #include "project/ObjectNameHelper.h"
 #include "project/PanelCacheScope.h"
 #include "scene/network/MO_ElementModule.h"
 #include "scene/network/TUGroup.h"
+#include "tracking/PKC_Tracking.h"
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <iterator>
 #include <optional>
 
 namespace Plotka
@@ -113,17 +122,46 @@ TEST(PanelHandle, KnowsItsShotItsSceneAndTheNodeThatShowsIt)
     EXPECT_EQ(panel.shotName(), QStringLiteral("A"));
 }
 
-TEST(PanelHandle, GivesItsSceneTheRecordItLacksWhenItIsMade)
+TEST(PanelHandle, GivesItsSceneTheRecordsItLacksWhenItIsMade)
 {
     Storyboard board("A(24)");
     TUScene *const fresh = board.sceneProject().addScene();
     const Panel_t panel(board.panelTrack(0), fresh, board->getShotByNdx(0), nullptr);
-    ASSERT_NE(panel.clipInfo(), nullptr);
-    EXPECT_EQ(panel.clipInfo(), *fresh->metadatas()->begin());
-    EXPECT_TRUE(panel.clipInfo()->metaName().isNull());
+    EXPECT_EQ(typesOf(*fresh), "panelInfo infoFields tracking exposurePoints layerInfos soundAnnotation pdfOptions");
+    const PIO_Metadata *const records[] = {panel.clipInfo(), panel.infoFieldList(), panel.tracking(),
+        panel.exposurePoints(), panel.layerInfos(), panel.soundAnnotation(), panel.pdfOptions()};
+    EXPECT_TRUE(std::equal(std::begin(records), std::end(records), fresh->metadatas()->begin()));
+    for (const PIO_Metadata *record : records)
+        EXPECT_TRUE(record->metaName().isNull());
     const Panel_t again(board.panelTrack(0), fresh, board->getShotByNdx(0), nullptr);
     EXPECT_EQ(again.clipInfo(), panel.clipInfo());
-    EXPECT_EQ(fresh->metadatas()->end() - fresh->metadatas()->begin(), 1);
+    EXPECT_EQ(again.pdfOptions(), panel.pdfOptions());
+    EXPECT_EQ(fresh->metadatas()->end() - fresh->metadatas()->begin(), 7);
+}
+
+TEST(PanelHandle, AddsOnlyTheRecordsThatAreMissingAndAsksForNoName)
+{
+    Storyboard board("A(24)");
+    TUScene *const fresh = board.sceneProject().addScene();
+    auto *const tracking = new PKC_Tracking(QStringLiteral("named"));
+    fresh->metadatas()->add(tracking);
+    const Panel_t panel(board.panelTrack(0), fresh, board->getShotByNdx(0), nullptr);
+    EXPECT_EQ(panel.tracking(), tracking);
+    EXPECT_EQ(typesOf(*fresh), "tracking panelInfo infoFields exposurePoints layerInfos soundAnnotation pdfOptions");
+}
+
+TEST(PanelHandle, FindsNoRecordThatWasTakenAwayUntilItIsMadeAgain)
+{
+    Storyboard board("A(24)");
+    TUScene *const scene = board.panelScene(0, 0);
+    const Panel_t panel = board->getPanelByNdx(0);
+    ASSERT_NE(panel.pdfOptions(), nullptr);
+    ASSERT_TRUE(scene->metadatas()->remove(panel.pdfOptions()));
+    EXPECT_EQ(panel.pdfOptions(), nullptr);
+    EXPECT_NE(panel.soundAnnotation(), nullptr);
+    const Panel_t again(board.panelTrack(0), scene, board->getShotByNdx(0), nullptr);
+    ASSERT_NE(again.pdfOptions(), nullptr);
+    EXPECT_EQ(panel.pdfOptions(), again.pdfOptions());
 }
 
 TEST(PanelHandle, OfANullSceneIsValidWithoutAnId)

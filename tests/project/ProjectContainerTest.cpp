@@ -1,13 +1,22 @@
 #include "support/Printers.h"
+#include "support/Records.h"
 #include "support/Storyboard.h"
 
+#include "metadata/PKC_DeletedPanels.h"
+#include "metadata/PKC_ProjectCompatibility.h"
+#include "metadata/PKC_ProjectLinkInfo.h"
+#include "metadata/PKC_ReferenceToolData.h"
+#include "naming/PKC_NamingRules.h"
+#include "scene/metadata/PIO_Metadatas.h"
 #include "tracking/PKC_SceneChangeManager.h"
 
 #include <QMetaMethod>
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <future>
+#include <iterator>
 #include <memory>
 
 using namespace Plotka;
@@ -32,6 +41,45 @@ TEST(ProjectContainer, HandsOutWhatItWraps)
     EXPECT_EQ(board->topMainTv(), &board.timeline());
     EXPECT_EQ(board->name(), QStringLiteral("storyboard"));
     EXPECT_EQ(board->parent(), nullptr);
+}
+
+TEST(ProjectContainer, AddsItsThreeRecordsWhenMadeAndTheOthersWhenAsked)
+{
+    Storyboard board("A(24)");
+    const PIO_Metadatas &records = *board.sceneProject().metadatas();
+    EXPECT_EQ(typesOf(records), "referenceToolData deletedPanels projectLinkInfo");
+    const PIO_Metadata *const made[] = {board->referenceToolData(), board->deletedPanels(), board->projectLinkInfo()};
+    EXPECT_TRUE(std::equal(std::begin(made), std::end(made), records.begin()));
+    const PKC_PlotkaProject &project = board.project();
+    PKC_NamingRules *const rules = project.namingRules();
+    PKC_ProjectCompatibility *const compatibility = project.projectCompatibility();
+    ASSERT_TRUE(rules && compatibility);
+    EXPECT_TRUE(rules->metaName().isNull() && compatibility->metaName().isNull());
+    EXPECT_EQ(project.namingRules(), rules);
+    EXPECT_EQ(project.projectCompatibility(), compatibility);
+    EXPECT_EQ(
+        typesOf(records), "referenceToolData deletedPanels projectLinkInfo namingRules projectCompatibilityIssue");
+    const PKC_PlotkaProject second(&board.sceneProject());
+    EXPECT_EQ(second.deletedPanels(), board->deletedPanels());
+    EXPECT_EQ(records.end() - records.begin(), 5);
+}
+
+TEST(ProjectContainer, HasNoRecordThatWasTakenAway)
+{
+    Storyboard board("A(24)");
+    ASSERT_TRUE(board.sceneProject().metadatas()->remove(board->deletedPanels()));
+    EXPECT_EQ(board->deletedPanels(), nullptr);
+    EXPECT_NE(board->projectLinkInfo(), nullptr);
+}
+
+TEST(ProjectContainer, OfNoProjectHasNoRecords)
+{
+    const PKC_PlotkaProject project(nullptr);
+    EXPECT_EQ(project.referenceToolData(), nullptr);
+    EXPECT_EQ(project.deletedPanels(), nullptr);
+    EXPECT_EQ(project.projectLinkInfo(), nullptr);
+    EXPECT_EQ(project.projectCompatibility(), nullptr);
+    EXPECT_EQ(project.namingRules(), nullptr);
 }
 
 TEST(ProjectContainer, FollowsTheProjectsNewName)

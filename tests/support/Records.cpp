@@ -4,6 +4,7 @@
 #include "scene/metadata/PIO_RecordWriter.h"
 #include "scene/metadata/PIO_WritingContext.h"
 #include "scene/metadata/PO_XmlWriter.h"
+#include "scene/session/TUScene.h"
 
 #include <QXmlStreamReader>
 
@@ -30,6 +31,19 @@ std::string markupOf(const PIO_Metadata &record)
     PIO_WritingContext context(writer);
     PIO_RecordWriter::write(record, context);
     return writer.bytes().toStdString();
+}
+
+std::string typesOf(const PIO_Metadatas &records)
+{
+    QStringList types;
+    for (const PIO_Metadata *record : records)
+        types += record->metaType();
+    return types.join(u' ').toStdString();
+}
+
+std::string typesOf(const TUScene &scene)
+{
+    return typesOf(*scene.metadatas());
 }
 
 PIO_RecordResult readRecord(const QString &markup)

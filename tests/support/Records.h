@@ -8,6 +8,9 @@
 #include <memory>
 #include <string>
 
+class PIO_Metadatas;
+class TUScene;
+
 /// The record as a file holds it.
 std::string markupOf(const PIO_Metadata &record);
 
@@ -38,6 +41,10 @@ std::unique_ptr<Record> loaded(const QString &payload, const QString &version = 
 {
     return as<Record>(loadRecord(Record::kPIO_PKMETA_Keyword, payload, version));
 }
+
+/// The types of the records of a scene, in their order.
+std::string typesOf(const TUScene &scene);
+std::string typesOf(const PIO_Metadatas &records);
 
 /// A record without a value of its own: null name, valid, no payload.
 class PlainRecord : public PIO_Metadata

@@ -28,6 +28,7 @@ bool PIO_Metadatas::remove(PIO_Metadata *record)
         return false;
     m_records.erase(found);
     ++m_removalCount;
+    m_complete = 0;
     delete record;
     return true;
 }

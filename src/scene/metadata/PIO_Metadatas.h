@@ -37,7 +37,16 @@ public:
     /// Counts the records that were removed: while it stands, a record found once is still here.
     unsigned int removalCount() const { return m_removalCount; }
 
+    /// @name Completeness
+    /// Who makes sure that certain records are here may note it under a number of its own below 32, and need not look
+    /// again: the note goes when a record is removed.
+    /// @{
+    bool isComplete(unsigned int kind) const { return (m_complete >> kind & 1) != 0; }
+    void noteComplete(unsigned int kind) { m_complete |= 1U << kind; }
+    /// @}
+
 private:
     std::vector<PIO_Metadata *> m_records;
     unsigned int m_removalCount = 0;
+    unsigned int m_complete = 0;
 };
