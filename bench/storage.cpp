@@ -1,60 +1,19 @@
-#include "BigProject.h"
+#include "SavedProject.h"
 #include "sizes.h"
 
-#include "scene/session/SC_Project.h"
-#include "scene/storage/SC_FileReport.h"
-
 #include <QFile>
-#include <QTemporaryDir>
 #include <QXmlStreamReader>
 
 #include <cstdlib>
-#include <map>
-#include <memory>
 
 namespace
 {
 
-/// A saved project of the size, written when first asked for.
-class SavedProject
-{
-public:
-    explicit SavedProject(unsigned int panels)
-    {
-        BigProject big(panels);
-        if (!m_folder.isValid() || !big.session().saveProjectAs(path()))
-            std::abort();
-    }
-    static const SavedProject &ofSize(unsigned int panels)
-    {
-        static std::map<unsigned int, std::unique_ptr<SavedProject>> made;
-        std::unique_ptr<SavedProject> &saved = made[panels];
-        if (!saved)
-            saved = std::make_unique<SavedProject>(panels);
-        return *saved;
-    }
-
-    QString path() const { return m_folder.filePath(QStringLiteral("big.plotka")); }
-
-private:
-    QTemporaryDir m_folder;
-};
-
-/// A session with the project of a file open and its project object built.
-std::unique_ptr<PKC_SessionContext> opened(const QString &path, unsigned int panels)
-{
-    std::unique_ptr<PKC_SessionContext> session(PKC_SessionContext::createSessionContext(nullptr, nullptr));
-    session->createPlotkaProject(session->openProject(path));
-    if (!session->plotkaProject() || session->plotkaProject()->panelCount() != panels)
-        std::abort();
-    return session;
-}
-
 void open(benchmark::State &state)
 {
-    const QString path = SavedProject::ofSize(panelsOf(state)).path();
+    const SavedProject &saved = SavedProject::ofSize(panelsOf(state));
     for (auto _ : state) {
-        std::unique_ptr<PKC_SessionContext> session = opened(path, panelsOf(state));
+        std::unique_ptr<PKC_SessionContext> session = saved.opened();
         state.PauseTiming();
         session->releaseProject();
         session.reset();
@@ -65,8 +24,7 @@ PLOTKA_BENCH_SIZES(open, "open");
 
 void save(benchmark::State &state)
 {
-    const std::unique_ptr<PKC_SessionContext> session =
-        opened(SavedProject::ofSize(panelsOf(state)).path(), panelsOf(state));
+    const std::unique_ptr<PKC_SessionContext> session = SavedProject::ofSize(panelsOf(state)).opened();
     for (auto _ : state) {
         if (!session->saveProject())
             std::abort();

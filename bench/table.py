@@ -27,12 +27,14 @@ ROWS = [
     ("count after an edit", None, None, None),
     ("open", "floor: XML pass", 4, None),
     ("save", "open", 1, None),
+    ("open, records filled", "floor: XML pass, records filled", 6, None),
+    ("save, records filled", "floor: XML writing, records filled", 4, None),
 ]
-MEMORY = ("memory", 4096)
+MEMORY = [("memory", 4096), ("memory, records filled", 6144)]
 
 
 def read(paths):
-    """Medians by name and size; the counter bytes_per_panel by size."""
+    """Medians by name and size; the counter bytes_per_panel likewise."""
     times, memory = {}, {}
     for path in paths:
         with open(path, encoding="utf-8") as file:
@@ -42,7 +44,7 @@ def read(paths):
                 name, size = run["run_name"].split("/")[:2]
                 times.setdefault(name, {})[int(size)] = run["cpu_time"] * SCALE[run["time_unit"]]
                 if "bytes_per_panel" in run:
-                    memory[int(size)] = run["bytes_per_panel"]
+                    memory.setdefault(name, {})[int(size)] = run["bytes_per_panel"]
     return times, memory
 
 
@@ -69,7 +71,7 @@ def verdict(ok):
     return "" if ok is None else ("yes" if ok else "NO")
 
 
-def row(question, other, most, most_growth, times):
+def row(question, other, most, most_growth, times, sizes):
     mine, theirs = times.get(question), times.get(other)
     if not mine or (other and not theirs):
         return None
@@ -83,7 +85,7 @@ def row(question, other, most, most_growth, times):
     goal = "" if most is None else f"<= {most}x"
     if most_growth is not None:
         goal += f"{', ' if goal else ''}growth <= {'floor + ' if other else ''}{most_growth}"
-    return ([question] + [time_text(mine[size]) for size in sorted(mine)] + ["" if grows is None else f"{grows:.2f}"]
+    return ([question] + [time_text(mine[size]) if size in mine else "" for size in sizes] + ["" if grows is None else f"{grows:.2f}"]
             + [other or ""] + ["/".join(f"{ratios[size]:.3g}" for size in sorted(ratios))]
             + ["" if not theirs or floor_grows is None else f"{floor_grows:.2f}", goal, verdict(ok)])
 
@@ -93,11 +95,12 @@ def main(paths):
     sizes = sorted({size for by_size in times.values() for size in by_size})
     rows = [["question"] + [f"{size:,}" for size in sizes]
             + ["growth", "compared with", "ratios", "its growth", "to reach", "reached"]]
-    rows += filter(None, (row(*wanted, times) for wanted in ROWS))
-    name, most = MEMORY
-    if memory:
-        rows.append([name] + [f"{memory[size]:.0f} B" for size in sorted(memory)]
-                    + ["", "", "", "", f"<= {most} B a panel", verdict(all(v <= most for v in memory.values()))])
+    rows += filter(None, (row(*wanted, times, sizes) for wanted in ROWS))
+    for name, most in MEMORY:
+        used = memory.get(name, {})
+        if used:
+            rows.append([name] + [f"{used[size]:.0f} B" if size in used else "" for size in sizes]
+                        + ["", "", "", "", f"<= {most} B a panel", verdict(all(v <= most for v in used.values()))])
     widths = [max(len(line[column]) for line in rows) for column in range(len(rows[0]))]
     for line in rows:
         print("  ".join(text.ljust(width) for text, width in zip(line, widths)).rstrip())
