@@ -1,6 +1,7 @@
 #include "cli/CommandLine.h"
 
 #include "cli/AtCommand.h"
+#include "cli/CheckCommand.h"
 #include "cli/CliText.h"
 #include "cli/Console.h"
 #include "cli/DumpCommand.h"
@@ -19,7 +20,7 @@ namespace
 
 QList<Subcommand> subcommands()
 {
-    return {importCommand(), infoCommand(), timelineCommand(), atCommand(), dumpCommand()};
+    return {importCommand(), infoCommand(), timelineCommand(), atCommand(), dumpCommand(), checkCommand()};
 }
 
 QCommandLineOption helpOption()

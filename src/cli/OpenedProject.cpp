@@ -6,17 +6,16 @@
 #include "project/PKC_PlotkaProject.h"
 #include "project/PKC_SessionContext.h"
 #include "scene/session/SC_Project.h"
-#include "scene/storage/SC_FileReport.h"
 
-OpenedProject::OpenedProject(const QString &path) :
+OpenedProject::OpenedProject(const QString &path, Telling telling) :
     m_session(PKC_SessionContext::createSessionContext(nullptr, nullptr))
 {
-    SC_FileReport report;
     {
         const Progress progress(CliText::tr("opening %1").arg(path));
-        m_session->openProject(path, &report);
+        m_session->openProject(path, &m_report);
     }
-    tellReport(report);
+    if (telling == TellReport || !isOpen())
+        tellReport(m_report);
 }
 
 OpenedProject::~OpenedProject()
@@ -34,7 +33,7 @@ const SC_Project &OpenedProject::asFiled() const
     return *m_session->project();
 }
 
-const PKC_PlotkaProject &OpenedProject::project()
+PKC_PlotkaProject &OpenedProject::project()
 {
     if (!m_session->plotkaProject())
         m_session->createPlotkaProject(m_session->project());

@@ -71,7 +71,9 @@ public:
     {
         if (!target() || localName != kLayer)
             return this;
-        const LayerPtr layer = layerOf(attributes);
+        const RecordElement element(attributes);
+        const LayerPtr layer = layerOf(element);
+        remarkOn(localName, element);
         if (!layer)
             return nullptr;
         add(*target(), layer);

@@ -1,5 +1,6 @@
 #include "metadata/RecordAttributes_p.h"
 
+#include "metadata/RecordElement_p.h"
 #include "scene/metadata/PO_Utils.h"
 #include "scene/metadata/PO_XmlWriter.h"
 
@@ -10,39 +11,62 @@
 #include <cmath>
 #include <set>
 
+namespace
+{
+
+/// Leaves a note with the element, where the attributes are those of one.
+bool failed(const QXmlAttributes &attributes, const QString &key)
+{
+    if (const auto *element = dynamic_cast<const RecordElement *>(&attributes))
+        element->noteUnreadable(key);
+    return false;
+}
+
+} // namespace
+
 int RecordAttributes::intOf(const QXmlAttributes &attributes, const QString &key)
 {
-    return attributes.value(key).toInt(nullptr, 10);
+    bool good = false;
+    const QString text = attributes.value(key);
+    const int value = text.toInt(&good, 10);
+    if (!good && !text.isNull())
+        failed(attributes, key);
+    return value;
 }
 
 bool RecordAttributes::readBool(const QXmlAttributes &attributes, const QString &key, bool &value)
 {
-    return PO_Utils::parseBoolAttr(attributes.value(key), value);
+    const QString text = attributes.value(key);
+    return PO_Utils::parseBoolAttr(text, value) || (!text.isNull() && failed(attributes, key));
 }
 
 bool RecordAttributes::readInt(const QXmlAttributes &attributes, const QString &key, int &value)
 {
     bool good = false;
     const int parsed = attributes.value(key).toInt(&good, 10);
-    if (good)
-        value = parsed;
-    return good;
+    if (!good)
+        return failed(attributes, key);
+    value = parsed;
+    return true;
 }
 
 bool RecordAttributes::readDouble(const QXmlAttributes &attributes, const QString &key, double &value)
 {
     bool good = false;
     const double parsed = attributes.value(key).toDouble(&good);
-    if (good)
-        value = parsed;
-    return good;
+    if (!good)
+        return failed(attributes, key);
+    value = parsed;
+    return true;
 }
 
 bool RecordAttributes::readFloat(const QXmlAttributes &attributes, const QString &key, float &value)
 {
     double read = 0.0;
-    if (!readDouble(attributes, key, read) || !std::isfinite(static_cast<float>(read)))
+    if (!readDouble(attributes, key, read))
         return false;
+    if (!std::isfinite(static_cast<float>(read)))
+        return failed(attributes, key);
     value = static_cast<float>(read);
     return true;
 }
@@ -54,7 +78,11 @@ void RecordAttributes::encodeDate(PO_XmlWriter &writer, const QString &key, cons
 
 QDateTime RecordAttributes::dateOf(const QXmlAttributes &attributes, const QString &key)
 {
-    return QDateTime::fromString(attributes.value(key), Qt::ISODate);
+    const QString text = attributes.value(key);
+    const QDateTime date = QDateTime::fromString(text, Qt::ISODate);
+    if (!text.isEmpty() && !date.isValid())
+        failed(attributes, key);
+    return date;
 }
 
 QString RecordAttributes::joined(const std::vector<SC_Id> &ids)
@@ -81,7 +109,8 @@ void RecordAttributes::mergeIds(const QXmlAttributes &attributes, const QString 
     const QStringList parts = text.split(QLatin1Char(','));
     for (const QString &part : parts) {
         SC_Id id;
-        id.parseXml(part);
+        if (!id.parseXml(part))
+            failed(attributes, key);
         if (known.insert(id).second)
             ids.push_back(id);
     }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "metadata/RecordElement_p.h"
 #include "scene/metadata/PIO_ComponentReader.h"
 
 /// When the reader of a record lets go of it; what comes after is ignored.
@@ -20,8 +21,11 @@ public:
     UT_SharedPtr<ComponentReader> startElement(
         const QString &, const QString &localName, const QXmlAttributes &attributes) override
     {
-        if (m_target)
-            readElement(*m_target, localName, attributes);
+        if (!m_target)
+            return this;
+        const RecordElement element(attributes);
+        readElement(*m_target, localName, element);
+        remarkOn(localName, element);
         return this;
     }
 
@@ -34,6 +38,13 @@ public:
 
 protected:
     virtual void readElement(Record &target, const QString &localName, const QXmlAttributes &attributes) = 0;
+
+    /// Remarks on the attributes for which the record took a default.
+    void remarkOn(const QString &localName, const RecordElement &element)
+    {
+        for (const QString &key : element.unreadable())
+            remark(QStringLiteral("\"%1\" of the element \"%2\" is missing or cannot be read").arg(key, localName));
+    }
 
     Record *target() const { return m_target; }
 

@@ -47,6 +47,9 @@ protected:
             PdfPayload::load(QByteArray(data.GetBuffer(), data.GetLength()), *property);
             if (property->isValid())
                 options.addPdfOptions(property.get());
+            else
+                remark(QStringLiteral("the option \"%1\" is left out: its \"%2\" cannot be read")
+                           .arg(property->name(), kData));
         }
     }
 

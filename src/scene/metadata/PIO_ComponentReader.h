@@ -5,6 +5,9 @@
 #include "scene/base/UT_SharedPtr.h"
 
 #include <QString>
+#include <QStringList>
+
+#include <utility>
 
 class DB_MemFile;
 class QXmlAttributes;
@@ -30,9 +33,19 @@ public:
     /// Text between the tags. Ignored here.
     virtual void handleCDATA(const QString &text);
 
+    /// What could not be read since the last call, in words: a reader that never fails may still remark on what it
+    /// gave a default or left out.
+    QStringList takeRemarks() { return std::exchange(m_remarks, QStringList()); }
+
     /// Fills @p file with the bytes that PO_XmlWriter::encodeBinaryElement put into attribute @p key. False when
     /// the attribute is absent or malformed, and @p file is then unchanged.
     bool decodeBinaryAttr(const QXmlAttributes &attributes, const QString &key, DB_MemFile &file) const;
+
+protected:
+    void remark(const QString &text) { m_remarks += text; }
+
+private:
+    QStringList m_remarks;
 };
 
 } // namespace PIO_XML

@@ -9,6 +9,7 @@
 #include <QXmlAttributes>
 #include <QXmlStreamReader>
 
+#include <utility>
 #include <vector>
 
 namespace
@@ -148,14 +149,21 @@ public:
     explicit PayloadFeeder(UT_SharedPtr<PIO_XML::ComponentReader> reader) { m_readers.push_back(reader); }
 
     bool sawElement() const { return m_sawElement; }
+    std::vector<PIO_RecordResult::Remark> takeRemarks() { return std::move(m_remarks); }
 
     void startElement(const QXmlStreamReader &xml)
     {
         m_sawElement = true;
         UT_SharedPtr<PIO_XML::ComponentReader> children;
         // A copy: the reader stays alive for this call whatever it does.
-        if (const UT_SharedPtr<PIO_XML::ComponentReader> reader = m_readers.back())
+        if (const UT_SharedPtr<PIO_XML::ComponentReader> reader = m_readers.back()) {
             children = reader->startElement(QString(), localNameOf(xml.qualifiedName()), attributesOf(xml));
+            const QStringList remarks = reader->takeRemarks();
+            for (const QString &text : remarks) {
+                if (m_remarks.size() < PIO_RecordReader::remarkLimit)
+                    m_remarks.push_back({xml.lineNumber(), xml.columnNumber() + 1, text});
+            }
+        }
         m_readers.push_back(children);
     }
 
@@ -175,6 +183,7 @@ public:
 
 private:
     std::vector<UT_SharedPtr<PIO_XML::ComponentReader>> m_readers;
+    std::vector<PIO_RecordResult::Remark> m_remarks;
     bool m_sawElement = false;
 };
 
@@ -237,6 +246,7 @@ PIO_RecordResult PIO_RecordReader::read(QXmlStreamReader &xml)
     } else {
         PayloadFeeder feeder(result.record->componentReader());
         withinLimit = feed(xml, feeder);
+        result.remarks = feeder.takeRemarks();
         const auto *generic = dynamic_cast<const PIO_MetadataGeneric *>(result.record.get());
         if (generic && !generic->isValid() && feeder.sawElement())
             result.message = QStringLiteral("the record has no readable value");

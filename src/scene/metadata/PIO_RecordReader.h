@@ -6,16 +6,26 @@
 #include <QString>
 #include <QtGlobal>
 
+#include <cstddef>
 #include <memory>
+#include <vector>
 
 class QXmlStreamReader;
 
 /// What came of reading one record: the record, a problem, or both. Without a message there is no problem.
 struct PIO_RecordResult {
+    /// What the record's reader remarked, and where.
+    struct Remark {
+        qint64 line;
+        qint64 column;
+        QString text;
+    };
+
     std::unique_ptr<PIO_Metadata> record;
     qint64 line = 0;
     qint64 column = 0;
     QString message;
+    std::vector<Remark> remarks;
 };
 
 /// Reads records written by PIO_RecordWriter.
@@ -27,6 +37,8 @@ class PLOTKA_SCENE_EXPORT PIO_RecordReader
 public:
     /// Elements may stand in one another this deep, counted from the element "metadata".
     static constexpr int depthLimit = 1000;
+    /// Of one record so many remarks are kept.
+    static constexpr std::size_t remarkLimit = 100;
 
     /// Reads the record at whose element "metadata" @p xml stands, and leaves @p xml at the end of that element.
     /// @p xml must leave name spaces alone. An error of @p xml itself is left for the caller to find there.

@@ -17,6 +17,12 @@ void LoadReport::warn(FilePlace place, const QString &item, const QString &messa
         m_report.add({SC_FileReport::Warning, m_filePath, place.line, place.column, item, message});
 }
 
+void LoadReport::remark(FilePlace place, const QString &item, const QString &message)
+{
+    if (++m_remarks <= warningLimit)
+        m_report.addRemark({SC_FileReport::Warning, m_filePath, place.line, place.column, item, message});
+}
+
 void LoadReport::fail(FilePlace place, const QString &message)
 {
     if (!m_failed)
@@ -26,8 +32,12 @@ void LoadReport::fail(FilePlace place, const QString &message)
 
 void LoadReport::close()
 {
-    if (m_warnings <= warningLimit)
-        return;
-    m_report.add({SC_FileReport::Warning, m_filePath, 0, 0, QString(),
-        QStringLiteral("and %1 more like these").arg(m_warnings - warningLimit)});
+    const auto more = [this](qint64 count) {
+        return SC_FileReport::Entry{SC_FileReport::Warning, m_filePath, 0, 0, QString(),
+            QStringLiteral("and %1 more like these").arg(count - warningLimit)};
+    };
+    if (m_warnings > warningLimit)
+        m_report.add(more(m_warnings));
+    if (m_remarks > warningLimit)
+        m_report.addRemark(more(m_remarks));
 }

@@ -21,16 +21,18 @@ public:
     LoadReport(QString filePath, SC_FileReport &report);
 
     void warn(FilePlace place, const QString &item, const QString &message);
+    void remark(FilePlace place, const QString &item, const QString &message);
     /// There will be no project. Only the first reason is told.
     void fail(FilePlace place, const QString &message);
     bool hasFailed() const { return m_failed; }
 
-    /// Tells how many warnings were not told.
+    /// Tells how many warnings and remarks were not told.
     void close();
 
 private:
     QString m_filePath;
     SC_FileReport &m_report;
     qint64 m_warnings = 0;
+    qint64 m_remarks = 0;
     bool m_failed = false;
 };

@@ -328,8 +328,12 @@ void ProjectReader::readRecord(PIO_Metadatas *records)
         const QString type = result.record ? result.record->metaType() : QString();
         m_report.warn({result.line, result.column}, QStringLiteral("record \"%1\"").arg(type), result.message);
     }
-    if (result.record)
-        records->add(result.record.release());
+    if (!result.record)
+        return;
+    const QString item = QStringLiteral("record \"%1\"").arg(result.record->metaType());
+    for (const PIO_RecordResult::Remark &remark : result.remarks)
+        m_report.remark({remark.line, remark.column}, item, remark.text);
+    records->add(result.record.release());
 }
 
 /// Counts an item of the file. False when it is one too many.

@@ -25,3 +25,14 @@ void SC_FileReport::add(Entry entry)
 {
     m_entries.push_back(std::move(entry));
 }
+
+void SC_FileReport::addRemark(Entry entry)
+{
+    m_remarks.push_back(std::move(entry));
+}
+
+void SC_FileReport::clear()
+{
+    m_entries.clear();
+    m_remarks.clear();
+}

@@ -26,11 +26,16 @@ public:
     };
 
     const std::vector<Entry> &entries() const { return m_entries; }
+    /// Attributes of records that took a default, as every record does with what it cannot read: nothing that the
+    /// reading of a project is about, but of use to who looks for damage.
+    const std::vector<Entry> &remarks() const { return m_remarks; }
     bool isEmpty() const { return m_entries.empty(); }
     bool hasErrors() const;
     void add(Entry entry);
-    void clear() { m_entries.clear(); }
+    void addRemark(Entry entry);
+    void clear();
 
 private:
     std::vector<Entry> m_entries;
+    std::vector<Entry> m_remarks;
 };

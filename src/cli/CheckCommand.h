@@ -1,0 +1,5 @@
+#pragma once
+
+#include "cli/Subcommand.h"
+
+Subcommand checkCommand();

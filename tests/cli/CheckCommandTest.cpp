@@ -1,0 +1,208 @@
+#include "cli/CommandRun.h"
+#include "support/Storyboard.h"
+
+#include "infofields/PKC_InfoFieldList.h"
+#include "infofields/PKC_PanelInfoFieldDescList.h"
+#include "infofields/PKC_ProjectInfoFieldDescList.h"
+#include "layers/PKC_LayerInfos.h"
+#include "metadata/PKC_ClipInfo.h"
+#include "metadata/PKC_ProjectCompatibility.h"
+#include "naming/PKC_NamingRules.h"
+#include "scene/metadata/PIO_MetadataUnknown.h"
+#include "scene/network/MO_ElementModule.h"
+#include "scene/network/TUGroup.h"
+#include "scene/timeline/AT_SceneSeq.h"
+#include "scene/timeline/TUSoundTimedValue.h"
+
+#include <QFile>
+#include <QJsonArray>
+
+#include <gtest/gtest.h>
+
+#include <limits>
+
+namespace
+{
+
+/// A storyboard of one panel, and what `plotka check` finds in it.
+class CheckCommand : public ::testing::Test
+{
+protected:
+    /// The findings as "code item: message", one a line.
+    std::string findings(int exitCode)
+    {
+        const QString file = folder.save(board);
+        const QByteArray before = contentOf(file);
+        const CommandRun run = runPlotka({QStringLiteral("check"), file, QStringLiteral("--json")});
+        EXPECT_EQ(run.exitCode, exitCode) << run.errors.toStdString();
+        EXPECT_EQ(contentOf(file), before);
+        EXPECT_EQ(run.json()[QLatin1String("file")].toString(), file);
+        QString text;
+        const QJsonArray all = run.json()[QLatin1String("findings")].toArray();
+        for (const QJsonValue &one : all) {
+            text += QStringLiteral("%1 %2: %3\n")
+                        .arg(one[QLatin1String("code")].toString(), one[QLatin1String("item")].toString(),
+                            one[QLatin1String("message")].toString());
+        }
+        return text.toStdString();
+    }
+
+    static QByteArray contentOf(const QString &path)
+    {
+        QFile file(path);
+        EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+        return file.readAll();
+    }
+
+    PIO_Metadatas &records() const { return *board.sceneProject().metadatas(); }
+    Plotka::Panel_t panel() const { return board.project().getPanelByNdx(0); }
+    std::string panelTitle() const { return "scene " + board.panelId(0, 0).AsString().toStdString(); }
+
+    Storyboard board{"A(24)"};
+    ProjectFolder folder;
+};
+
+} // namespace
+
+TEST_F(CheckCommand, FindsNothingInAGoodProject)
+{
+    EXPECT_EQ(findings(0), "");
+    const CommandRun run = runPlotka({QStringLiteral("check"), folder.path(QStringLiteral("Board"))});
+    EXPECT_EQ(run.exitCode, 0);
+    EXPECT_EQ(run.output.toStdString(), "nothing found\n");
+}
+
+TEST_F(CheckCommand, FindsLinksToClipsThatAreNotThere)
+{
+    TUScene &top = board.topScene();
+    const SC_Id sound = top.addSoundTimedValue(QStringLiteral("Music"))->addSound(1, 40);
+    TUScene *const clip = board.sceneProject().addScene();
+    ASSERT_TRUE(top.addSeqTimedValue(QStringLiteral("V2"))->insertBlock(5, 10, new AT_SceneSeq(clip)));
+    PKC_ClipInfo *const info = panel().clipInfo();
+    info->linkVideoClip(clip->objectId());
+    info->linkAudioClip(sound);
+    EXPECT_EQ(findings(0), "");
+    info->linkVideoClip(board.shotId(0)); // a block of the timeline is no clip
+    info->linkAudioClip(SC_Id(4711));
+    EXPECT_EQ(findings(4),
+        "dangling-link " + panelTitle() + ": linked to the clip " + board.shotId(0).AsString().toStdString()
+            + ", which is not there\ndangling-link " + panelTitle()
+            + ": linked to the clip 4711, which is not there\n");
+}
+
+TEST_F(CheckCommand, FindsFieldValuesWithoutADescriptor)
+{
+    auto *const ofPanels = new PKC_PanelInfoFieldDescList;
+    ofPanels->add(PKC_InfoFieldDesc::TEXT, 1, QStringLiteral("Dialog"), PKC_InfoFieldDesc::DEFAULT, 16);
+    records().add(ofPanels);
+    auto *const ofProject = new PKC_InfoFieldList;
+    ofProject->insertInfoField(PKC_InfoFieldDesc::TEXT, 1, std::numeric_limits<int>::max());
+    records().add(ofProject);
+    PKC_InfoFieldList *const fields = panel().infoFieldList();
+    for (const int id : {1, 2, -1})
+        fields->insertInfoField(PKC_InfoFieldDesc::TEXT, id, std::numeric_limits<int>::max());
+    EXPECT_EQ(findings(4),
+        "field-without-descriptor project: the value of field 1, which no descriptor describes\n"
+        "field-without-descriptor "
+            + panelTitle() + ": the value of field 2, which no descriptor describes\n");
+}
+
+TEST_F(CheckCommand, FindsDescriptorsWithADoubledOrReservedId)
+{
+    auto *const list = new PKC_ProjectInfoFieldDescList;
+    for (const int id : {3, 3, std::numeric_limits<int>::max(), std::numeric_limits<int>::min()})
+        list->add(PKC_InfoFieldDesc::TEXT, id, QStringLiteral("f"), PKC_InfoFieldDesc::DEFAULT, 16);
+    records().add(list);
+    EXPECT_EQ(findings(4),
+        "doubled-field-id project: the field \"f\" has the id 3 of another\n"
+        "reserved-field-id project: the field \"f\" has the reserved id 2147483647\n"
+        "reserved-field-id project: the field \"f\" has the reserved id -2147483648\n");
+}
+
+TEST_F(CheckCommand, FindsLayersThatNoNodeBears)
+{
+    TUScene *const scene = board.panelScene(0, 0);
+    const UT_SharedPtr<TUGroup> group(new TUGroup(scene->sceneCommon(), QStringLiteral("Set")));
+    ASSERT_TRUE(scene->getRootGroup()->addNode(group));
+    ASSERT_TRUE(
+        group->addNode(UT_SharedPtr<MO_Node>(new MO_ElementModule(scene->sceneCommon(), QStringLiteral("Sky")))));
+    PKC_LayerInfos *const layers = panel().layerInfos();
+    for (const char *name : {"Set", "Sky", "sky"})
+        layers->info(QLatin1String(name), /*create*/ true);
+    EXPECT_EQ(
+        findings(4), "layer-without-node " + panelTitle() + ": flags for the layer \"sky\", which is not there\n");
+}
+
+TEST_F(CheckCommand, FindsAnIncrementOfZeroWhetherItHoldsOrNot)
+{
+    auto *const rules = new PKC_NamingRules(QString());
+    rules->shotRules().setAutoIncrementValue(0);
+    records().add(rules);
+    const std::string expected = "zero-increment project: the names of shots are incremented by 0\n";
+    EXPECT_EQ(findings(4), expected);
+    rules->setOverloadingPref(true);
+    EXPECT_EQ(findings(4), expected);
+}
+
+TEST_F(CheckCommand, FindsRecordsOfUnknownTypes)
+{
+    records().add(new PIO_MetadataUnknown(QStringLiteral("weather"), QString(), QStringLiteral("someone"),
+        QStringLiteral("3"), QStringLiteral("<cloud/>")));
+    EXPECT_EQ(findings(4),
+        "unknown-record project: a record of the unknown type \"weather\", written by \"someone\", version \"3\"\n");
+}
+
+TEST_F(CheckCommand, FindsWhatOlderProgramsCannotRead)
+{
+    board.placeShot("B", 100, 24);
+    auto *const recorded = new PKC_ProjectCompatibility(QString());
+    for (const char *id : {"later", "space-between-panels"})
+        recorded->addCompatibilityIssue({QLatin1String(id), QStringLiteral("Plotka Pro"), QStringLiteral("9")});
+    records().add(recorded);
+    EXPECT_EQ(findings(4),
+        "compatibility project: \"space-between-panels\" needs Plotka Pro 7.0.0\n"
+        "compatibility project: the file tells of \"later\", which nobody here knows\n");
+}
+
+TEST_F(CheckCommand, TellsWhatIsDamagedWithItsLine)
+{
+    QByteArray content = contentOf(folder.save(board));
+    const qsizetype at = content.indexOf("<warp ");
+    ASSERT_GE(at, 0);
+    content.insert(at, "<warp from=\"none\"/>");
+    const QString file = folder.write(QStringLiteral("damaged/damaged.plotka"), content);
+    const CommandRun run = runPlotka({QStringLiteral("check"), file, QStringLiteral("--json")});
+    EXPECT_EQ(run.exitCode, 4);
+    EXPECT_EQ(run.errors.toStdString(), "") << "what is found is the result";
+    const QJsonArray all = run.json()[QLatin1String("findings")].toArray();
+    ASSERT_EQ(all.size(), 1);
+    EXPECT_EQ(all[0][QLatin1String("code")].toString(), QStringLiteral("damaged"));
+    EXPECT_EQ(all[0][QLatin1String("line")].toInt(), content.left(at).count('\n') + 1);
+
+    const CommandRun forPeople = runPlotka({QStringLiteral("check"), file});
+    EXPECT_EQ(forPeople.exitCode, 4);
+    EXPECT_TRUE(forPeople.output.contains("damaged")) << forPeople.output.toStdString();
+}
+
+TEST_F(CheckCommand, TellsOfRecordsThatTookADefault)
+{
+    QByteArray content = contentOf(folder.save(board));
+    content.replace("exportFlag=\"13\"", "exportFlag=\"many\"");
+    const QString file = folder.write(QStringLiteral("odd/odd.plotka"), content);
+    const CommandRun run = runPlotka({QStringLiteral("check"), file, QStringLiteral("--json")});
+    EXPECT_EQ(run.exitCode, 4);
+    const QJsonArray all = run.json()[QLatin1String("findings")].toArray();
+    ASSERT_EQ(all.size(), 1);
+    EXPECT_EQ(all[0][QLatin1String("code")].toString(), QStringLiteral("damaged"));
+    EXPECT_EQ(all[0][QLatin1String("item")].toString(), QStringLiteral("record \"panelInfo\""));
+    EXPECT_TRUE(all[0][QLatin1String("message")].toString().contains(QStringLiteral("exportFlag")));
+    EXPECT_EQ(runPlotka({QStringLiteral("info"), file}).errors.toStdString(), "") << "nothing was lost";
+}
+
+TEST_F(CheckCommand, SaysWhyAProjectCannotBeOpened)
+{
+    const CommandRun run = runPlotka({QStringLiteral("check"), folder.write(QStringLiteral("x.plotka"), "<x/>")});
+    EXPECT_EQ(run.exitCode, 3);
+    EXPECT_EQ(run.output.toStdString(), "");
+    EXPECT_TRUE(run.errors.startsWith("plotka: ")) << run.errors.toStdString();
+}
