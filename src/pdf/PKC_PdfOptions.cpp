@@ -96,6 +96,8 @@ void PKC_PdfOptions::writeMetadataSubnodes(PIO_WritingContext &context) const
     writer.beginElement(kPIO_PKMETA_Keyword);
     for (const PKC_Property *option : options) {
         const QByteArray bytes = PdfPayload::bytesOf(*option);
+        if (bytes.isEmpty())
+            continue;
         writer.beginElement(kOption);
         writer.encodeStringAttr(kName, option->name());
         writer.encodeIntAttr(kType, option->propertyType());

@@ -1,6 +1,5 @@
 #include "pdf/PdfPayload_p.h"
 
-#include "pdf/PdfPayloadCheck_p.h"
 #include "pdf/properties/PKC_Property.h"
 
 #include <QDataStream>
@@ -11,7 +10,7 @@ namespace
 
 constexpr qint32 mark = -1330642944; // 0xb0b00000
 constexpr qint32 number = 473;
-constexpr qsizetype headerSize = 8;
+constexpr int oldVersion = 6; // that of Qt 3.3
 
 bool hasHeader(QDataStream &stream)
 {
@@ -24,9 +23,7 @@ bool hasHeader(QDataStream &stream)
 bool loadMarked(const QByteArray &bytes, PKC_Property &property)
 {
     QDataStream stream(bytes);
-    return hasHeader(stream)
-        && PdfPayloadCheck::isProperty(bytes, headerSize, property.propertyType(), stream.version())
-        && property.load(stream);
+    return hasHeader(stream) && property.load(stream);
 }
 
 } // namespace
@@ -36,8 +33,7 @@ QByteArray PdfPayload::bytesOf(const PKC_Property &property)
     QByteArray bytes;
     QDataStream stream(&bytes, QIODevice::WriteOnly);
     stream << mark << number;
-    property.store(stream);
-    return bytes;
+    return property.store(stream) ? bytes : QByteArray();
 }
 
 void PdfPayload::load(const QByteArray &bytes, PKC_Property &property)
@@ -45,7 +41,6 @@ void PdfPayload::load(const QByteArray &bytes, PKC_Property &property)
     if (loadMarked(bytes, property))
         return;
     QDataStream stream(bytes);
-    stream.setVersion(PdfPayloadCheck::oldVersion);
-    if (PdfPayloadCheck::isProperty(bytes, 0, property.propertyType(), stream.version()))
-        property.load(stream);
+    stream.setVersion(oldVersion);
+    property.load(stream);
 }

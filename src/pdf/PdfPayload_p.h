@@ -8,6 +8,7 @@ class PKC_Property;
 namespace PdfPayload
 {
 
+/// Empty for a property that no stream keeps.
 QByteArray bytesOf(const PKC_Property &property);
 
 /// Loads what bytesOf() gave, or the property alone in a stream of the old version, as it was kept before there was a

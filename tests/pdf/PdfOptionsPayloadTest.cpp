@@ -58,10 +58,13 @@ std::unique_ptr<PKC_Property> loaded(const QByteArray &bytes, int kind)
     return std::unique_ptr<PKC_Property>(properties.empty() ? nullptr : properties.front()->clone());
 }
 
-/// A plain option of that value.
+/// A plain option of that value, as Qt would write it.
 std::unique_ptr<PKC_Property> loadedValue(Layout layout, const QVariant &value)
 {
-    return loaded(bytesOf(layout, PKC_Property(kName, value, nullptr)), 0);
+    const auto write = [&value](QDataStream &stream) {
+        stream << kName << value << QString() << QString() << qint32(0) << qint32(0);
+    };
+    return loaded(bytesOf(layout, write), 0);
 }
 
 /// One property of each kind, with values of all sizes.

@@ -11,11 +11,14 @@
 #include "support/Golden.h"
 #include "support/Payloads.h"
 #include "support/Records.h"
+#include "support/Warnings.h"
 
 #include <QDataStream>
 #include <QIODevice>
+#include <QPoint>
 #include <QXmlAttributes>
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 namespace
@@ -273,6 +276,19 @@ TEST(PdfOptions, LosesAnOptionWithoutAValue)
     EXPECT_EQ(readFrom(QStringLiteral("<option name='x' type='1'><value data='%1'/></option>")
                            .arg(QString::fromLatin1(bytes.toBase64()))),
         "");
+}
+
+TEST(PdfOptions, WritesNoOptionThatItCouldNotRead)
+{
+    Warnings warnings;
+    PKC_PdfOptions options;
+    const PKC_Property point(QStringLiteral("p"), QPoint(1, 2), nullptr);
+    const PKC_Property number(QStringLiteral("a"), 1, nullptr);
+    options.addPdfOptions(&number);
+    const std::string before = markupOf(options);
+    options.addPdfOptions(&point);
+    EXPECT_EQ(markupOf(options), before);
+    EXPECT_THAT(warnings.taken(), testing::ElementsAre("Could not store property p, streams keep no such value"));
 }
 
 TEST(PdfOptions, ReadsOneValueOfAnOption)

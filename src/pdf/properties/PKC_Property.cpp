@@ -2,6 +2,7 @@
 
 #include "pdf/properties/PKC_PropertyObserver.h"
 #include "pdf/properties/PropertyLog_p.h"
+#include "pdf/properties/PropertyStream_p.h"
 #include "pdf/properties/PropertyText_p.h"
 
 #include <QDataStream>
@@ -103,8 +104,18 @@ bool PKC_Property::store(QDomDocument &document, QDomElement &parent) const
 
 bool PKC_Property::store(QDataStream &stream) const
 {
+    if (!isStorable(m_value))
+        return false;
     stream << m_name << m_value << ldesc() << sdesc() << int(isReadOnly()) << int(isInternal());
     return stream.status() == QDataStream::Ok;
+}
+
+bool PKC_Property::isStorable(const QVariant &value) const
+{
+    if (PropertyStream::keeps(value))
+        return true;
+    qCWarning(plotkaProperties, "Could not store property %s, streams keep no such value", qUtf8Printable(m_name));
+    return false;
 }
 
 bool PKC_Property::load(QDomElement &element)
@@ -126,7 +137,9 @@ bool PKC_Property::load(QDataStream &stream)
 PKC_Property::StreamFields PKC_Property::readFields(QDataStream &stream)
 {
     StreamFields fields;
-    stream >> fields.name >> fields.value >> fields.ldesc >> fields.sdesc >> fields.readOnly >> fields.internal;
+    stream >> fields.name;
+    fields.value = PropertyStream::read(stream);
+    stream >> fields.ldesc >> fields.sdesc >> fields.readOnly >> fields.internal;
     return fields;
 }
 

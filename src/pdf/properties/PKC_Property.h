@@ -37,12 +37,15 @@ public:
     virtual bool validate(bool fix);
     /// Appends an element named as the property to @p parent. False, with a warning, when no element can be named so.
     virtual bool store(QDomDocument &document, QDomElement &parent) const;
+    /// False, with a warning, and nothing is written, when a value is of a type that has no text and is no map, or has
+    /// more than 32 lists and maps around it.
     virtual bool store(QDataStream &stream) const;
     /// Takes the text of an element that store() made, read by the type of the current value. False for an element of
     /// another name.
     virtual bool load(QDomElement &element);
     /// Takes what store() wrote, the name included. Observers do not hear of it, and a definition that others share
-    /// changes for them too. False, and nothing has changed, when the stream ends too early or was bad before.
+    /// changes for them too. False, and nothing has changed, when the stream ends too early, was bad before or holds
+    /// what store() never writes: it may come from anywhere.
     virtual bool load(QDataStream &stream);
     /// A new property of the same kind, owned by the caller. Shares the definition; nobody observes it.
     virtual PKC_Property *clone() const;
@@ -166,6 +169,8 @@ protected:
     }
     static StreamFields readFields(QDataStream &stream);
     void take(const StreamFields &fields);
+    /// Whether store() may write the value; warns when not.
+    bool isStorable(const QVariant &value) const;
 
 private:
     bool assign(const QVariant &value);

@@ -24,7 +24,8 @@ PKC_PropertyFromFile::~PKC_PropertyFromFile() = default;
 
 bool PKC_PropertyFromFile::store(QDataStream &stream) const
 {
-    PKC_Property::store(stream);
+    if (!PKC_Property::store(stream))
+        return false;
     stream << m_fileFilter;
     return stream.status() == QDataStream::Ok;
 }

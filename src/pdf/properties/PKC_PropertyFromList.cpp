@@ -1,5 +1,6 @@
 #include "pdf/properties/PKC_PropertyFromList.h"
 
+#include "pdf/properties/PropertyStream_p.h"
 #include "pdf/properties/PropertyText_p.h"
 
 #include <QDataStream>
@@ -45,18 +46,20 @@ bool PKC_PropertyFromList::validate(bool fix)
 
 bool PKC_PropertyFromList::store(QDataStream &stream) const
 {
-    PKC_Property::store(stream);
-    stream << QVariant(m_possibleValues) << int(m_allowEmpty) << int(m_allowMultiple);
+    const QVariant possibleValues(m_possibleValues);
+    if (!isStorable(possibleValues) || !PKC_Property::store(stream))
+        return false;
+    stream << possibleValues << int(m_allowEmpty) << int(m_allowMultiple);
     return stream.status() == QDataStream::Ok;
 }
 
 bool PKC_PropertyFromList::load(QDataStream &stream)
 {
     const StreamFields fields = readFields(stream);
-    QVariant possibleValues;
+    const QVariant possibleValues = PropertyStream::read(stream);
     int allowEmpty = 0;
     int allowMultiple = 0;
-    stream >> possibleValues >> allowEmpty >> allowMultiple;
+    stream >> allowEmpty >> allowMultiple;
     if (stream.status() != QDataStream::Ok)
         return false;
     take(fields);

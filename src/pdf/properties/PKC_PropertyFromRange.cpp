@@ -1,6 +1,7 @@
 #include "pdf/properties/PKC_PropertyFromRange.h"
 
 #include "pdf/properties/PropertyLog_p.h"
+#include "pdf/properties/PropertyStream_p.h"
 
 #include <QDataStream>
 
@@ -86,7 +87,8 @@ bool PKC_PropertyFromRange::validate(bool fix)
 
 bool PKC_PropertyFromRange::store(QDataStream &stream) const
 {
-    PKC_Property::store(stream);
+    if (!PKC_Property::store(stream))
+        return false;
     stream << m_min << m_max;
     return stream.status() == QDataStream::Ok;
 }
@@ -94,9 +96,8 @@ bool PKC_PropertyFromRange::store(QDataStream &stream) const
 bool PKC_PropertyFromRange::load(QDataStream &stream)
 {
     const StreamFields fields = readFields(stream);
-    QVariant min;
-    QVariant max;
-    stream >> min >> max;
+    const QVariant min = PropertyStream::read(stream);
+    const QVariant max = PropertyStream::read(stream);
     if (stream.status() != QDataStream::Ok)
         return false;
     take(fields);
