@@ -29,15 +29,15 @@ Definition newDefinition(const QString &ldesc, const QString &sdesc, bool readOn
 struct PKC_PropertiedObject::Private {
     using List = std::list<PKC_Property *>;
 
-    List ordered;                             // owned
-    std::map<QString, List::iterator> byName; // by the names under which they came
-    std::set<const PKC_Property *> owned;     // a property may take another name from a stream
+    List ordered; // owned
+    std::map<QString, List::iterator> byName;
+    bool isDying = false;
 };
 
-PKC_PropertiedObject::PKC_PropertiedObject() : d(std::make_unique<Private>()) {}
+PKC_PropertiedObject::PKC_PropertiedObject() : d(std::make_shared<Private>()) {}
 
 PKC_PropertiedObject::PKC_PropertiedObject(const PKC_PropertiedObject &other) :
-    PKC_PropertyObserver(), d(std::make_unique<Private>())
+    PKC_PropertyObserver(), d(std::make_shared<Private>())
 {
     propertiesCopyFrom(&other, true);
 }
@@ -50,6 +50,7 @@ PKC_PropertiedObject &PKC_PropertiedObject::operator=(const PKC_PropertiedObject
 
 PKC_PropertiedObject::~PKC_PropertiedObject()
 {
+    d->isDying = true;
     clearProperties();
 }
 
@@ -176,7 +177,7 @@ PKC_Property *PKC_PropertiedObject::addPropertyFromRange(const QString &name, co
 
 PKC_Property *PKC_PropertiedObject::addProperty(PKC_Property *property)
 {
-    if (!property || d->owned.count(property) > 0)
+    if (!property || getProperty(property->name()) == property)
         return property;
     return own(std::unique_ptr<PKC_Property>(property));
 }
@@ -190,16 +191,19 @@ PKC_Property *PKC_PropertiedObject::addPropertyInternal(const QString &name, con
 /// Takes the place of the property of the same name, or the last one.
 PKC_Property *PKC_PropertiedObject::own(std::unique_ptr<PKC_Property> property)
 {
+    if (d->isDying)
+        return nullptr;
     PKC_Property *const added = property.release();
-    d->owned.insert(added);
+    added->m_keepsName = true;
     const auto known = d->byName.find(added->name());
     if (known == d->byName.end()) {
         d->byName.emplace(added->name(), d->ordered.insert(d->ordered.end(), added));
         return added;
     }
-    const std::unique_ptr<PKC_Property> replaced(std::exchange(*known->second, added));
-    d->owned.erase(replaced.get());
-    return added;
+    const QString name = added->name();
+    const std::weak_ptr<Private> watched = d;
+    delete std::exchange(*known->second, added);
+    return !watched.expired() && getProperty(name) == added ? added : nullptr;
 }
 
 bool PKC_PropertiedObject::exists(const QString &name) const
@@ -266,7 +270,6 @@ void PKC_PropertiedObject::removeProperty(const QString &name)
         return;
     // Out of both first: those who hear of its end may ask for it.
     const std::unique_ptr<PKC_Property> removed(*known->second);
-    d->owned.erase(removed.get());
     d->ordered.erase(known->second);
     d->byName.erase(known);
 }
@@ -274,7 +277,6 @@ void PKC_PropertiedObject::removeProperty(const QString &name)
 void PKC_PropertiedObject::clearProperties()
 {
     d->byName.clear();
-    d->owned.clear();
     const Private::List removed = std::exchange(d->ordered, {});
     for (PKC_Property *property : removed)
         delete property;
@@ -311,11 +313,14 @@ void PKC_PropertiedObject::propertiesCopyFrom(const PKC_PropertiedObject *other,
         if (getProperty(theirs->name()) != theirs)
             copies.emplace_back(theirs->clone());
     }
+    const std::weak_ptr<Private> watched = d;
     for (std::unique_ptr<PKC_Property> &copy : copies) {
         if (PKC_Property *ours = getProperty(copy->name()))
             ours->setValue(*copy);
         else if (addMissing)
             own(std::move(copy));
+        if (watched.expired())
+            return;
     }
 }
 
@@ -323,8 +328,11 @@ void PKC_PropertiedObject::propertiesSetFrom(const PKC_PropertiedObject *other)
 {
     if (!other || other == this)
         return;
+    const std::weak_ptr<Private> watched = d;
+    const std::weak_ptr<Private> watchedOther = other->d;
     clearProperties();
-    propertiesCopyFrom(other, true);
+    if (!watched.expired() && !watchedOther.expired())
+        propertiesCopyFrom(other, true);
 }
 
 void PKC_PropertiedObject::propertyCopyFrom(
@@ -339,9 +347,10 @@ bool PKC_PropertiedObject::load(QDomElement &element)
 {
     if (element.tagName() != nodeName())
         return false;
+    const std::weak_ptr<Private> watched = d;
     for (QDomElement child = element.firstChildElement(); !child.isNull(); child = child.nextSiblingElement()) {
         PKC_Property *property = getProperty(child.tagName());
-        if (property && !property->load(child))
+        if (property && (!property->load(child) || watched.expired()))
             return false;
     }
     return true;

@@ -9,8 +9,9 @@
 
 /// Properties by name, in the order in which they were added.
 ///
-/// The object owns them. Adding a name again replaces its property, at the same place: what was returned for it before
-/// is gone. Observers of the properties may change the object when they are told, and must not delete it.
+/// The object owns them, and they keep their names. Adding a name again replaces its property, at the same place: what
+/// was returned for it before is gone. Observers of the properties may change the object when they are told, or delete
+/// it: what was under way ends there.
 class PLOTKA_EXPORT PKC_PropertiedObject : public PKC_PropertyObserver
 {
 public:
@@ -32,7 +33,8 @@ public:
     /// @}
 
     /// @name Adding
-    /// The new property, which the object owns. A given definition may be null; otherwise a new one is made.
+    /// The new property, which the object owns. A given definition may be null; otherwise a new one is made. Null when
+    /// the property is gone again: those who heard of the end of the one it replaced removed it, or the object is dying.
     /// @{
     PKC_Property *addProperty(const QString &name, const PKC_Property &from, const QString &ldesc, const QString &sdesc,
         bool readOnly, bool internal);
@@ -104,7 +106,7 @@ public:
     /// @name XML
     /// @{
     /// Loads the properties that @p element holds; makes none, and passes over what it does not know. False for an
-    /// element of another name, and when a property refuses: what came before is loaded then.
+    /// element of another name, and when a property refuses or the object dies: what came before is loaded then.
     bool load(QDomElement &element);
     bool store(QDomDocument &document, QDomElement &parent) const;
     /// @}
@@ -118,5 +120,5 @@ private:
 
     PKC_Property *own(std::unique_ptr<PKC_Property> property);
 
-    std::unique_ptr<Private> d;
+    std::shared_ptr<Private> d; // watched where the object may die
 };

@@ -37,6 +37,12 @@ PKC_Property::PKC_Property(
 {
 }
 
+// A clone belongs to no object yet.
+PKC_Property::PKC_Property(const PKC_Property &other) :
+    PKC_PropertyObservable(), m_name(other.m_name), m_definition(other.m_definition), m_value(other.m_value)
+{
+}
+
 PKC_Property::~PKC_Property()
 {
     m_value.clear();
@@ -134,12 +140,14 @@ bool PKC_Property::load(QDataStream &stream)
     return true;
 }
 
-PKC_Property::StreamFields PKC_Property::readFields(QDataStream &stream)
+PKC_Property::StreamFields PKC_Property::readFields(QDataStream &stream) const
 {
     StreamFields fields;
     stream >> fields.name;
     fields.value = PropertyStream::read(stream);
     stream >> fields.ldesc >> fields.sdesc >> fields.readOnly >> fields.internal;
+    if (m_keepsName && fields.name != m_name)
+        stream.setStatus(QDataStream::ReadCorruptData);
     return fields;
 }
 

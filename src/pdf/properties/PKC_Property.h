@@ -31,7 +31,8 @@ public:
     ~PKC_Property() override;
     virtual bool setValue(const PKC_Property &other);
     /// A value of another type is converted. One that is read-only takes its first value only. False when the value was
-    /// refused. An observer may have deleted the property when this returns.
+    /// refused. Observers hear of one that was taken at once: news that one of them causes overtakes what the others are
+    /// still to hear. An observer may have deleted the property when this returns.
     virtual bool setValue(const QVariant &value);
     /// Whether the value may stand; @p fix asks for a bad one to be repaired, which observers do not hear of.
     virtual bool validate(bool fix);
@@ -45,7 +46,7 @@ public:
     virtual bool load(QDomElement &element);
     /// Takes what store() wrote, the name included. Observers do not hear of it, and a definition that others share
     /// changes for them too. False, and nothing has changed, when the stream ends too early, was bad before or holds
-    /// what store() never writes: it may come from anywhere.
+    /// what store() never writes: it may come from anywhere. An object's property takes no other name.
     virtual bool load(QDataStream &stream);
     /// A new property of the same kind, owned by the caller. Shares the definition; nobody observes it.
     virtual PKC_Property *clone() const;
@@ -160,22 +161,25 @@ protected:
     };
 
     /// For clone(): all but the observers.
-    PKC_Property(const PKC_Property &) = default;
+    PKC_Property(const PKC_Property &other);
 
     /// Sets the value as it is: nothing is checked and nobody hears of it.
     void replaceValue(const QVariant &value)
     {
         m_value = value;
     }
-    static StreamFields readFields(QDataStream &stream);
+    StreamFields readFields(QDataStream &stream) const;
     void take(const StreamFields &fields);
     /// Whether store() may write the value; warns when not.
     bool isStorable(const QVariant &value) const;
 
 private:
+    friend class PKC_PropertiedObject;
+
     bool assign(const QVariant &value);
 
     QString m_name;
     UT_SharedPtr<PKC_PropertyDefinition> m_definition;
     QVariant m_value;
+    bool m_keepsName = false; // an object finds it by that
 };

@@ -15,6 +15,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <memory>
 
 using testing::ElementsAre;
@@ -47,6 +48,25 @@ std::unique_ptr<PKC_PropertiedObject> abc()
     object->setProperty(kC, QVariant(3));
     return object;
 }
+
+/// Does what the test says when it hears of something.
+class Listener : public PKC_PropertyObserver
+{
+public:
+    void onPropertyModified(PKC_Property *) override
+    {
+        if (whenModified)
+            whenModified();
+    }
+    void onPropertyDeleted(PKC_Property *) override
+    {
+        if (whenDeleted)
+            whenDeleted();
+    }
+
+    std::function<void()> whenModified;
+    std::function<void()> whenDeleted;
+};
 
 class Profile : public PKC_PropertiedObject
 {
@@ -175,19 +195,28 @@ TEST(PropertiedObject, OwnsAReadyProperty)
     EXPECT_EQ(object.propertiesCount(), 1);
 }
 
-TEST(PropertiedObject, OwnsAPropertyOnceAlsoUnderANewName)
+TEST(PropertiedObject, HoldsItsPropertiesToTheirNames)
 {
+    const auto isLoaded = [](PKC_Property &property, const QString &name) {
+        QByteArray bytes;
+        QDataStream out(&bytes, QIODevice::WriteOnly);
+        PKC_Property(name, 5, nullptr).store(out);
+        QDataStream in(bytes);
+        return property.load(in);
+    };
     const auto object = abc();
-    QByteArray bytes;
-    QDataStream out(&bytes, QIODevice::WriteOnly);
-    PKC_Property(QStringLiteral("renamed"), 5, nullptr).store(out);
-    QDataStream in(bytes);
     PKC_Property *const property = object->getProperty(kA);
-    EXPECT_TRUE(property->load(in));
-    EXPECT_EQ(object->addProperty(property), property);
-    EXPECT_EQ(textOf(*object), "renamed=5 b=2 c=3");
-    object->removeProperty(kA); // known by the name under which it came
-    EXPECT_EQ(textOf(*object), "b=2 c=3");
+    for (const QString &name : {kB, QStringLiteral("renamed")}) {
+        EXPECT_FALSE(isLoaded(*property, name));
+        EXPECT_EQ(object->addProperty(property), property);
+        EXPECT_EQ(textOf(*object), "a=1 b=2 c=3");
+        EXPECT_EQ(textOf(PKC_PropertiedObject(*object)), "a=1 b=2 c=3");
+    }
+    EXPECT_TRUE(isLoaded(*property, kA));
+    EXPECT_EQ(textOf(*object), "a=5 b=2 c=3");
+    const std::unique_ptr<PKC_Property> clone(property->clone());
+    EXPECT_TRUE(isLoaded(*clone, kB));
+    EXPECT_EQ(clone->name(), kB);
 }
 
 TEST(PropertiedObject, ReplacesAPropertyAtItsPlace)
@@ -496,6 +525,101 @@ TEST(PropertiedObject, MayBeChangedByThoseWhoHearOfIt)
     EXPECT_EQ(textOf(*cleared), "");
 }
 
+TEST(PropertiedObject, TakesNothingMoreOnceItDies)
+{
+    auto object = abc();
+    Listener listener;
+    listener.registerObservable(object->getProperty(kA));
+    PKC_PropertiedObject *const dying = object.get();
+    int ended = 0;
+    Listener late;
+    late.whenDeleted = [&] { ++ended; };
+    listener.whenDeleted = [&] {
+        EXPECT_EQ(dying->addProperty(kA, QVariant(1), nullptr), nullptr);
+        dying->setProperty(kB, QVariant(1));
+        auto *const ready = new PKC_Property(kC);
+        late.registerObservable(ready);
+        EXPECT_EQ(dying->addProperty(ready), nullptr);
+        EXPECT_EQ(textOf(*dying), "");
+    };
+    object.reset();
+    EXPECT_EQ(ended, 1);
+}
+
+TEST(PropertiedObject, TellsWhenWhatWasAddedIsGoneAgain)
+{
+    auto object = abc();
+    Listener listener;
+    const auto added = [&](const std::function<void()> &whenDeleted) {
+        listener.whenDeleted = nullptr;
+        listener.registerObservable(object->addProperty(kA, QVariant(1), nullptr));
+        listener.whenDeleted = whenDeleted;
+        return object->addProperty(kA, QVariant(2), nullptr);
+    };
+    EXPECT_EQ(added([&] { object->removeProperty(kA); }), nullptr);
+    EXPECT_EQ(textOf(*object), "b=2 c=3");
+    EXPECT_EQ(added([&] { object->addProperty(kA, QVariant(3), nullptr); }), nullptr);
+    EXPECT_EQ(textOf(*object), "b=2 c=3 a=3");
+    const PKC_Property *stays = added([&] { object->removeProperty(kB); });
+    ASSERT_NE(stays, nullptr);
+    EXPECT_EQ(stays, object->getProperty(kA));
+    EXPECT_EQ(added([&] { object.reset(); }), nullptr);
+}
+
+TEST(PropertiedObject, MayBeDeletedByThoseWhoHearOfIt)
+{
+    Listener listener;
+    std::unique_ptr<PKC_PropertiedObject> object;
+    const auto watched = [&] {
+        object = abc();
+        listener.registerObservable(object->getProperty(kA));
+        return object.get();
+    };
+    listener.whenModified = [&] { object.reset(); };
+    EXPECT_FALSE(loadInto(*watched(), QStringLiteral("<properties><a value='4'/><b value='5'/></properties>")));
+    EXPECT_EQ(object, nullptr);
+    EXPECT_FALSE(loadInto(*watched(), QStringLiteral("<properties><a value='4'/></properties>")));
+    auto source = abc();
+    watched()->propertiesCopyFrom(source.get(), true);
+    EXPECT_EQ(object, nullptr);
+
+    listener.whenModified = nullptr;
+    listener.whenDeleted = [&] { object.reset(); };
+    watched()->propertiesSetFrom(source.get());
+    EXPECT_EQ(object, nullptr);
+    listener.whenDeleted = [&] { source.reset(); };
+    watched()->propertiesSetFrom(source.get());
+    EXPECT_EQ(textOf(*object), "");
+}
+
+TEST(PropertiedObject, IsNotSetFromItsOwnPropertiesByAnother)
+{
+    class Showing : public PKC_PropertiedObject
+    {
+    public:
+        explicit Showing(const PKC_PropertiedObject &shown) : m_shown(shown) {}
+        using PKC_PropertiedObject::getAllProperties;
+        void getAllProperties(std::list<PKC_Property *> &properties) const override
+        {
+            m_shown.getAllProperties(properties);
+            PKC_PropertiedObject::getAllProperties(properties);
+        }
+
+    private:
+        const PKC_PropertiedObject &m_shown;
+    };
+    const auto object = abc();
+    Listener listener;
+    int heard = 0;
+    listener.whenModified = [&] { ++heard; };
+    listener.registerObservable(object->getProperty(kA));
+    Showing showing(*object);
+    showing.setProperty(QStringLiteral("d"), QVariant(4));
+    object->propertiesCopyFrom(&showing, true);
+    EXPECT_EQ(heard, 0);
+    EXPECT_EQ(textOf(*object), "a=1 b=2 c=3 d=4");
+}
+
 TEST(PropertiedObject, LoadsByThePropertiesItHas)
 {
     const auto object = abc();
@@ -531,6 +655,27 @@ TEST(PropertiedObject, StopsLoadingAtAPropertyThatRefuses)
     EXPECT_THAT(
         warnings.taken(), ElementsAre("Invalid PKC_PropertyFromRange, out of range (lower). Init value to min."));
     EXPECT_EQ(textOf(*object), "a=7 b=5 c=3");
+}
+
+TEST(PropertiedObject, StopsLoadingAtAReadOnlyPropertyAndAtOneWithoutType)
+{
+    for (const bool isReadOnly : {true, false}) {
+        Warnings warnings;
+        const auto object = abc();
+        object->addProperty(kB, isReadOnly ? QVariant(5) : QVariant(), kA, kA, isReadOnly, false);
+        const QString markup = stored(*object);
+        EXPECT_EQ(warnings.taken().size(), isReadOnly ? 0u : 1u);
+        object->setProperty(kA, QVariant(10));
+        object->setProperty(kC, QVariant(30));
+        QDomDocument document;
+        ASSERT_TRUE(document.setContent(markup));
+        QDomElement element = document.documentElement().firstChildElement();
+        EXPECT_FALSE(object->load(element));
+        EXPECT_THAT(warnings.taken(),
+            ElementsAre(isReadOnly ? "Could not change value of property b, property is read only"
+                                   : "Cannot convert property of type  from string = ."));
+        EXPECT_EQ(textOf(*object), isReadOnly ? "a=1 b=5 c=30" : "a=1 b= c=30");
+    }
 }
 
 TEST(PropertiedObject, StoresItsPropertiesInOrder)
