@@ -7,6 +7,7 @@
 #include "support/Warnings.h"
 
 #include <QDataStream>
+#include <QDomDocument>
 #include <QIODevice>
 
 #include <gmock/gmock.h>
@@ -100,6 +101,36 @@ TEST(PropertyFromList, LeavesAnEmptyChoiceOfSeveralAlone)
     PKC_PropertyFromList list(kName, QVariantList(), kChoices, true, true, nullptr);
     EXPECT_FALSE(list.validate(true));
     EXPECT_EQ(list.type(), QMetaType::QVariantList);
+}
+
+TEST(PropertyFromList, IsClearedOfTextsEvenWhenSeveralMayBeChosen)
+{
+    const QMap<QString, QVariant> words{{QStringLiteral("A"), QStringLiteral("a")}};
+    const QStringList chosen{QStringLiteral("a")};
+    PKC_PropertyFromList list(kName, chosen, words, false, true, nullptr);
+    EXPECT_FALSE(list.isValid()); // only in a list of values does the first item count
+    EXPECT_FALSE(list.setValue(QVariant(chosen)));
+    EXPECT_FALSE(list.validate(false));
+    EXPECT_FALSE(list.isValid());
+}
+
+TEST(PropertyFromList, ComesBackFromXmlOnlyWhenItsChoicesAreTexts)
+{
+    const auto loaded = [](const QVariantList &chosen, const QVariant &choice) {
+        PKC_PropertyFromList list(kName, chosen, {{QStringLiteral("A"), choice}}, true, true, nullptr);
+        QDomDocument document;
+        QDomElement root = document.createElement(QStringLiteral("root"));
+        EXPECT_TRUE(list.store(document, root));
+        QDomElement element = root.firstChildElement();
+        const bool good = list.load(element);
+        EXPECT_EQ(list.type(), QMetaType::QVariantList);
+        return std::pair(good, list.value().toList());
+    };
+    const QString a = QStringLiteral("a");
+    EXPECT_EQ(loaded({a, a}, a), std::pair(true, QVariantList({a, a})));
+    EXPECT_EQ(loaded({}, a), std::pair(true, QVariantList{QString()})); // nothing comes back as one empty text
+    EXPECT_EQ(loaded({1}, 1), std::pair(false, QVariantList{1}));       // the text "1" is no number
+    EXPECT_EQ(loaded({}, 1), std::pair(false, QVariantList()));
 }
 
 TEST(PropertyFromList, WithoutChoicesTakesEverything)
@@ -249,6 +280,13 @@ TEST(PropertyFromRange, RepairsWhatAStreamBroughtOnlyWhenAsked)
     EXPECT_EQ(mixed->max(), QVariant(0));
     EXPECT_EQ(mixed->toInt(), 0);
     EXPECT_THAT(warnings.taken(), ElementsAre(kNoNumbers, kNoNumbers));
+}
+
+TEST(PropertyFromRange, TakesWhatQtLeavesOfALargerNumber)
+{
+    PKC_PropertyFromRange range = tenths(1);
+    EXPECT_TRUE(range.setValue(QVariant(Q_INT64_C(4294967301)))); // 2^32 + 5
+    EXPECT_EQ(range.value(), QVariant(5));
 }
 
 TEST(PropertyFromRange, IsReadFromTextWithinItsLimits)

@@ -1,5 +1,6 @@
 #include "pdf/properties/PKC_Property.h"
 
+#include "pdf/properties/PKC_PropertiedObject.h"
 #include "pdf/properties/PKC_PropertyFactory.h"
 #include "pdf/properties/PKC_PropertyFromCaptionList.h"
 #include "pdf/properties/PKC_PropertyFromFile.h"
@@ -8,6 +9,7 @@
 #include "pdf/properties/PKC_PropertyFromRange.h"
 #include "support/Warnings.h"
 
+#include <QDomDocument>
 #include <QPoint>
 
 #include <gmock/gmock.h>
@@ -138,6 +140,59 @@ TEST(Property, RefusesWhatCannotBeConverted)
         ElementsAre("Could not change value of property dpi, type is not compatible -- from QPoint to int"));
     EXPECT_EQ(property.type(), QMetaType::Int);
     EXPECT_EQ(property.value(), QVariant(7));
+}
+
+TEST(Property, TakesANullValueOfItsTypeOnly)
+{
+    Warnings warnings;
+    PKC_Property property(kName, 7, nullptr);
+    EXPECT_FALSE(property.setValue(QVariant(QString())));
+    EXPECT_FALSE(property.setValue(QVariant(QMetaType(QMetaType::QString))));
+    const std::string refused = "Could not change value of property dpi, type is not compatible -- from QString to int";
+    EXPECT_THAT(warnings.taken(), ElementsAre(refused, refused));
+    EXPECT_EQ(property.value(), QVariant(7));
+    EXPECT_TRUE(property.setValue(QVariant(QMetaType(QMetaType::Int))));
+    EXPECT_TRUE(property.isNull());
+    EXPECT_TRUE(property.isValid());
+    EXPECT_EQ(property.toInt(), 0);
+}
+
+TEST(Property, IsSetByOneFunctionWhateverItIsSetFrom)
+{
+    class Counting : public PKC_Property
+    {
+    public:
+        using PKC_Property::PKC_Property;
+        using PKC_Property::setValue;
+        bool setValue(const QVariant &value) override
+        {
+            ++count;
+            return PKC_Property::setValue(value);
+        }
+        int count = 0;
+    };
+    PKC_PropertiedObject object;
+    auto *const property = new Counting(kName, 1, nullptr);
+    object.addProperty(property);
+    EXPECT_TRUE(property->setValue(PKC_Property(kName, 2, nullptr)));
+    EXPECT_EQ(property->count, 1);
+    EXPECT_TRUE(property->setValueFromString(QStringLiteral("3")));
+    EXPECT_EQ(property->count, 2);
+    QDomDocument document;
+    QDomElement element = document.createElement(kName);
+    EXPECT_TRUE(property->load(element));
+    EXPECT_EQ(property->count, 3);
+    PKC_PropertiedObject source;
+    source.setProperty(kName, QVariant(5));
+    object.propertiesCopyFrom(&source, false);
+    EXPECT_EQ(property->count, 4);
+    object.setProperty(kName, *source.getProperty(kName));
+    EXPECT_EQ(property->count, 5);
+    object.setProperty(kName, QVariant(6));
+    EXPECT_EQ(property->count, 6);
+    object.propertyCopyFrom(&source, kName, QString());
+    EXPECT_EQ(property->count, 7);
+    EXPECT_EQ(property->toInt(), 5);
 }
 
 TEST(Property, PrintsNamesThatLookLikePlaceholdersAsTheyAre)

@@ -1,5 +1,6 @@
 #include "pdf/properties/PKC_Property.h"
 
+#include "pdf/properties/PKC_PropertyFromCaptionList.h"
 #include "pdf/properties/PKC_PropertyFromFile.h"
 #include "pdf/properties/PKC_PropertyFromFont.h"
 #include "pdf/properties/PKC_PropertyFromList.h"
@@ -161,6 +162,23 @@ TEST(PropertyScript, MakesThePropertyAgain)
     PKC_PropertyFromFont font(kName, QStringLiteral("Courier"), nullptr);
     EXPECT_EQ(font.regenarationScript(object).toStdString(),
         "profile%2.addProperty( key, , , \"Courier\", false, false );\n");
+    PKC_PropertyFromFile file(kName, QStringLiteral("a.png"), QStringLiteral("*.png"), nullptr);
+    EXPECT_EQ(
+        file.regenarationScript(object).toStdString(), "profile%2.addProperty( key, , , \"a.png\", false, false );\n");
+    PKC_PropertyFromCaptionList captions(kName, QStringLiteral("a;b"), nullptr);
+    EXPECT_EQ(captions.regenarationScript(object).toStdString(),
+        "profile%2.addProperty( key, , , \"a;b\", false, false );\n");
+}
+
+TEST(PropertyScript, LeavesAGapForAnItemWithoutScriptText)
+{
+    Warnings warnings;
+    const std::string warning = "Cannot convert property of type QPoint to scriptString.";
+    EXPECT_EQ(propertyOf(QVariantList{1, QPoint(), 2}).toScriptString().toStdString(), "new Array( 1, , 2 )");
+    EXPECT_THAT(warnings.taken(), ElementsAre(warning));
+    const QMap<QString, QVariant> map{{QStringLiteral("a"), QPoint()}, {QStringLiteral("b"), 2}};
+    EXPECT_EQ(PKC_Property::toScriptString(map).toStdString(), R"(new Array( "a", , "b", 2 ))");
+    EXPECT_THAT(warnings.taken(), ElementsAre(warning));
 }
 
 TEST(PropertyScript, OfAListDeclaresOneVariableAndUsesAnother)
