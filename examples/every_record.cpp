@@ -46,6 +46,15 @@ Record &record(PIO_Metadatas *records)
     return *PIO_MetadataAccess<Record>(records, QString()).getOrCreate();
 }
 
+/// A second video track with one clip; gives the clip's scene.
+TUScene *addClip(SC_Project &scenes)
+{
+    TUScene *const clip = scenes.addScene();
+    auto *const top = static_cast<TUScene *>(scenes.sceneAt(0));
+    top->addSeqTimedValue(QStringLiteral("V2"))->insertBlock(1, 48, new AT_TimeWarpSeq(clip, 1.0, 48.0));
+    return clip;
+}
+
 /// A shot of two panels, which show the scenes' one drawing layer.
 void addShot(SC_Project &scenes)
 {
@@ -71,8 +80,9 @@ void nameShot(const Plotka::Shot_t &shot)
 }
 
 /// The seven records of a panel.
-void fillPanel(const Plotka::Panel_t &panel)
+void fillPanel(const Plotka::Panel_t &panel, const SC_Id &clip)
 {
+    panel.clipInfo()->linkVideoClip(clip);
     panel.clipInfo()->name().setValue(QStringLiteral("Window"));
     panel.clipInfo()->name().setFlag(PKC_ObjectName::customBit);
 
@@ -87,6 +97,7 @@ void fillPanel(const Plotka::Panel_t &panel)
     panel.tracking()->setTrackingNote(QStringLiteral("hold longer"));
     panel.exposurePoints()->insertExposurePoint(0.5F);
     panel.layerInfos()->info(QStringLiteral("Ink"), /*create*/ true);
+    panel.layerInfos()->setDisplayFlags(QStringLiteral("Ink"), PKC_LayerInfos::DISPLAY_FLAGS(1));
     panel.soundAnnotation()->add(QStringLiteral("sounds/rain.wav"));
     const PKC_Property isExported(QStringLiteral("panel_export_enabled"), QVariant(false), {});
     panel.pdfOptions()->addPdfOptions(&isExported);
@@ -98,7 +109,8 @@ void fillProject(const PKC_PlotkaProject &project, PIO_Metadatas *records)
     record<PKC_PanelInfoFieldDescList>(records).add(
         PKC_InfoFieldDesc::TEXT, 0, QStringLiteral("Dialog"), PKC_InfoFieldDesc::DEFAULT, 16);
     record<PKC_ProjectInfoFieldDescList>(records).add(
-        PKC_InfoFieldDesc::TEXT, 0, QStringLiteral("Client"), PKC_InfoFieldDesc::CUSTOM, 40);
+        PKC_InfoFieldDesc::Type(PKC_InfoFieldDesc::TEXT | PKC_InfoFieldDesc::commentBit), 0, QStringLiteral("Client"),
+        PKC_InfoFieldDesc::CUSTOM, 40);
     record<PKC_InfoFieldList>(records).insertInfoField(
         PKC_InfoFieldDesc::TEXT, 0, QStringLiteral("<html><body><p>The harbour</p></body></html>"), atTheEnd);
     record<PKC_ExtraInfoFieldDescList>(records).emplace_back(
@@ -126,11 +138,12 @@ int main(int argc, char *argv[])
     const std::unique_ptr<PKC_SessionContext> session(PKC_SessionContext::createSessionContext(nullptr, nullptr));
     session->newProject(folder, QStringLiteral("every_record"));
     addShot(*session->project());
+    const TUScene *const clip = addClip(*session->project());
     session->createPlotkaProject(session->project());
     const PKC_PlotkaProject &project = *session->plotkaProject();
     nameShot(project.getShotByNdx(0));
     for (auto panel = project.beginPanel(); panel != project.endPanel(); ++panel)
-        fillPanel(*panel);
+        fillPanel(*panel, clip->objectId());
     fillProject(project, session->project()->metadatas());
     const bool isSaved = session->saveProject();
     session->releaseProject();

@@ -39,7 +39,7 @@ QString peopleText(const std::vector<Finding> &findings)
     if (findings.empty())
         return CliText::tr("nothing found") + u'\n';
     TextTable table({{CliText::tr("finding")}, {CliText::tr("item"), TextTable::Left, /*mayBeCut*/ true},
-        {CliText::tr("line"), TextTable::Right}, {CliText::tr("message"), TextTable::Left, /*mayBeCut*/ true}});
+        {CliText::tr("line"), TextTable::Right}, {CliText::tr("message")}});
     for (const Finding &finding : findings) {
         const QString line = finding.line ? QString::number(finding.line) : QString();
         table.addRow({finding.code, finding.item, line, finding.message});

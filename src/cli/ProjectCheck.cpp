@@ -24,6 +24,7 @@
 #include "scene/timeline/TUSoundTimedValue.h"
 
 #include <limits>
+#include <optional>
 #include <set>
 #include <utility>
 
@@ -61,6 +62,7 @@ private:
     std::set<SC_Id> m_clips;
     std::set<int> m_panelFieldIds;
     std::set<int> m_projectFieldIds;
+    std::optional<std::set<QString>> m_nodeNames; // of the scene whose records are looked at, once asked for
     std::vector<Finding> m_findings;
 };
 
@@ -70,6 +72,7 @@ std::vector<Finding> Checker::run()
     findClips();
     findDescriptors();
     for (const RecordHolder &holder : recordHolders(m_opened.asFiled())) {
+        m_nodeNames.reset();
         for (const PIO_Metadata *record : *holder.records)
             checkRecord(holder, record);
     }
@@ -100,6 +103,7 @@ void Checker::findClips()
                    track && track != project.topMainTv()) {
             for (auto block = track->beginBlock(); block != track->endBlock(); ++block)
                 m_clips.insert(Plotka::objectId(*block));
+            m_clips.erase(Plotka::invalidId); // of blocks that hold nothing
         }
     }
 }
@@ -166,7 +170,7 @@ void Checker::checkFields(const RecordHolder &holder, const PKC_InfoFieldList &f
 {
     const std::set<int> &known = holder.scene ? m_panelFieldIds : m_projectFieldIds;
     for (const UT_SharedPtr<PKC_InfoField> &field : fields) {
-        if (field->isGlobal() && known.count(field->id()) == 0)
+        if (field && field->isGlobal() && known.count(field->id()) == 0)
             add("field-without-descriptor", holder.title,
                 CliText::tr("the value of field %1, which no descriptor describes").arg(field->id()));
     }
@@ -193,9 +197,10 @@ std::set<QString> nodeNames(const TUGroup *root)
 
 void Checker::checkLayers(const RecordHolder &holder, const PKC_LayerInfos &layers)
 {
-    const std::set<QString> names = nodeNames(holder.scene ? holder.scene->getRootGroup() : nullptr);
+    if (!m_nodeNames)
+        m_nodeNames = nodeNames(holder.scene ? holder.scene->getRootGroup() : nullptr);
     for (const UT_SharedPtr<PKC_LayerInfos::LayerInfo_t> &layer : layers) {
-        if (names.count(layer->name) == 0)
+        if (layer && m_nodeNames->count(layer->name) == 0)
             add("layer-without-node", holder.title,
                 CliText::tr("flags for the layer \"%1\", which is not there").arg(layer->name));
     }

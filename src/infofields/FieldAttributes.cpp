@@ -48,6 +48,8 @@ void FieldAttributes::encodeTypeOfExtra(PO_XmlWriter &writer, PKC_InfoFieldDesc:
 
 PKC_InfoFieldDesc::Type FieldAttributes::typeOf(const QXmlAttributes &attributes)
 {
+    RecordAttributes::noteUnlessOneOf(attributes, kType, {kText, kImage});
+    RecordAttributes::noteUnlessOneOf(attributes, kComment, {QStringLiteral("true"), QStringLiteral("false")});
     const int type = attributes.value(kType) == kImage ? PKC_InfoFieldDesc::IMAGE : PKC_InfoFieldDesc::TEXT;
     const int comment = attributes.value(kComment) == QLatin1String("true") ? PKC_InfoFieldDesc::commentBit : 0;
     return PKC_InfoFieldDesc::Type(type | comment);
@@ -78,6 +80,7 @@ void FieldAttributes::encodeSizeAndHeight(PO_XmlWriter &writer, const PKC_InfoFi
 
 PKC_InfoFieldDesc::Size FieldAttributes::sizeOf(const QXmlAttributes &attributes)
 {
+    RecordAttributes::noteUnlessOneOf(attributes, kSize, {kMinimum, kMaximum, kDefault, kCustom});
     const QString word = attributes.value(kSize);
     for (const auto size : {PKC_InfoFieldDesc::MINIMUM, PKC_InfoFieldDesc::MAXIMUM, PKC_InfoFieldDesc::CUSTOM}) {
         if (word == sizeWord(size))
@@ -88,7 +91,5 @@ PKC_InfoFieldDesc::Size FieldAttributes::sizeOf(const QXmlAttributes &attributes
 
 int FieldAttributes::heightOf(const QXmlAttributes &attributes)
 {
-    int height = PKC_InfoFieldDesc::DEFAULT_HEIGHT;
-    RecordAttributes::readInt(attributes, kHeight, height);
-    return height;
+    return RecordAttributes::intOr(attributes, kHeight, PKC_InfoFieldDesc::DEFAULT_HEIGHT);
 }

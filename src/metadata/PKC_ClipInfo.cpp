@@ -6,7 +6,6 @@
 #include "metadata/RecordReader_p.h"
 #include "scene/base/whoami.h"
 #include "scene/metadata/PIO_WritingContext.h"
-#include "scene/metadata/PO_Utils.h"
 #include "scene/metadata/PO_XmlWriter.h"
 
 #include <QXmlAttributes>
@@ -62,12 +61,14 @@ protected:
         RecordAttributes::mergeIds(attributes, kLinkedAudioClip, info.m_linkedAudioClips);
         RecordAttributes::mergeIds(attributes, kLinkedVideoClip, info.m_linkedVideoClips);
         unsigned int colour = 0;
-        if (PO_Utils::parseColorAttr(attributes.value(kColor), colour))
+        if (RecordAttributes::readColor(attributes, kColor, colour))
             info.setColor(QColor(colour));
         info.name().setValue(attributes.value(kName));
         info.name().setFlag(RecordAttributes::intOf(attributes, kNameFlag));
         info.setExportFlag(RecordAttributes::intOf(attributes, kExportFlag));
-        info.setColorIsValid(attributes.value(kColorIsValid) == QLatin1String("true"));
+        bool isColorValid = false;
+        RecordAttributes::readBool(attributes, kColorIsValid, isColorValid);
+        info.setColorIsValid(isColorValid);
     }
 };
 

@@ -26,8 +26,7 @@ protected:
     {
         if (localName != kScene)
             return;
-        SC_Id id;
-        id.parseXml(attributes.value(kId));
+        const SC_Id id = RecordAttributes::idOf(attributes, kId);
         const bool isDated = !attributes.value(kDate).isEmpty();
         panels.add(id, isDated ? RecordAttributes::dateOf(attributes, kDate) : QDateTime::currentDateTime());
     }

@@ -66,7 +66,12 @@ private:
     {
         if (!RecordAttributes::readDouble(attributes, kAlpha, data.alpha))
             return;
-        const auto part = [&attributes](const QString &key) { return RecordAttributes::intOf(attributes, key); };
+        const auto part = [&attributes](const QString &key) {
+            const int value = RecordAttributes::intOf(attributes, key);
+            if (value < 0 || value > 255)
+                RecordAttributes::noteUnreadable(attributes, key);
+            return value;
+        };
         data.rgb = QColor(part(kRed), part(kGreen), part(kBlue), 255);
     }
 };

@@ -11,53 +11,69 @@
 #include <cmath>
 #include <set>
 
-namespace
-{
-
-/// Leaves a note with the element, where the attributes are those of one.
-bool failed(const QXmlAttributes &attributes, const QString &key)
+void RecordAttributes::noteUnreadable(const QXmlAttributes &attributes, const QString &key)
 {
     if (const auto *element = dynamic_cast<const RecordElement *>(&attributes))
         element->noteUnreadable(key);
-    return false;
 }
 
-} // namespace
+void RecordAttributes::noteUnlessOneOf(const QXmlAttributes &attributes, const QString &key, const QStringList &words)
+{
+    const QString text = attributes.value(key);
+    if (!text.isNull() && !words.contains(text))
+        noteUnreadable(attributes, key);
+}
 
 int RecordAttributes::intOf(const QXmlAttributes &attributes, const QString &key)
 {
-    bool good = false;
-    const QString text = attributes.value(key);
-    const int value = text.toInt(&good, 10);
-    if (!good && !text.isNull())
-        failed(attributes, key);
+    return intOr(attributes, key, 0);
+}
+
+int RecordAttributes::intOr(const QXmlAttributes &attributes, const QString &key, int value)
+{
+    if (!attributes.value(key).isNull())
+        readInt(attributes, key, value);
     return value;
+}
+
+SC_Id RecordAttributes::idOf(const QXmlAttributes &attributes, const QString &key)
+{
+    SC_Id id;
+    if (!id.parseXml(attributes.value(key)))
+        noteUnreadable(attributes, key);
+    return id;
 }
 
 bool RecordAttributes::readBool(const QXmlAttributes &attributes, const QString &key, bool &value)
 {
     const QString text = attributes.value(key);
-    return PO_Utils::parseBoolAttr(text, value) || (!text.isNull() && failed(attributes, key));
+    if (PO_Utils::parseBoolAttr(text, value))
+        return true;
+    if (!text.isNull())
+        noteUnreadable(attributes, key);
+    return false;
 }
 
 bool RecordAttributes::readInt(const QXmlAttributes &attributes, const QString &key, int &value)
 {
     bool good = false;
     const int parsed = attributes.value(key).toInt(&good, 10);
-    if (!good)
-        return failed(attributes, key);
-    value = parsed;
-    return true;
+    if (good)
+        value = parsed;
+    else
+        noteUnreadable(attributes, key);
+    return good;
 }
 
 bool RecordAttributes::readDouble(const QXmlAttributes &attributes, const QString &key, double &value)
 {
     bool good = false;
     const double parsed = attributes.value(key).toDouble(&good);
-    if (!good)
-        return failed(attributes, key);
-    value = parsed;
-    return true;
+    if (good)
+        value = parsed;
+    else
+        noteUnreadable(attributes, key);
+    return good;
 }
 
 bool RecordAttributes::readFloat(const QXmlAttributes &attributes, const QString &key, float &value)
@@ -65,10 +81,20 @@ bool RecordAttributes::readFloat(const QXmlAttributes &attributes, const QString
     double read = 0.0;
     if (!readDouble(attributes, key, read))
         return false;
-    if (!std::isfinite(static_cast<float>(read)))
-        return failed(attributes, key);
+    if (!std::isfinite(static_cast<float>(read))) {
+        noteUnreadable(attributes, key);
+        return false;
+    }
     value = static_cast<float>(read);
     return true;
+}
+
+bool RecordAttributes::readColor(const QXmlAttributes &attributes, const QString &key, unsigned int &colour)
+{
+    const bool good = PO_Utils::parseColorAttr(attributes.value(key), colour);
+    if (!good)
+        noteUnreadable(attributes, key);
+    return good;
 }
 
 void RecordAttributes::encodeDate(PO_XmlWriter &writer, const QString &key, const QDateTime &date)
@@ -81,7 +107,7 @@ QDateTime RecordAttributes::dateOf(const QXmlAttributes &attributes, const QStri
     const QString text = attributes.value(key);
     const QDateTime date = QDateTime::fromString(text, Qt::ISODate);
     if (!text.isEmpty() && !date.isValid())
-        failed(attributes, key);
+        noteUnreadable(attributes, key);
     return date;
 }
 
@@ -110,7 +136,7 @@ void RecordAttributes::mergeIds(const QXmlAttributes &attributes, const QString 
     for (const QString &part : parts) {
         SC_Id id;
         if (!id.parseXml(part))
-            failed(attributes, key);
+            noteUnreadable(attributes, key);
         if (known.insert(id).second)
             ids.push_back(id);
     }

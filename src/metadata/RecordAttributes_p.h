@@ -3,6 +3,7 @@
 #include "scene/base/SC_Id.h"
 
 #include <QString>
+#include <QStringList>
 
 #include <vector>
 
@@ -10,12 +11,23 @@ class PO_XmlWriter;
 class QDateTime;
 class QXmlAttributes;
 
-/// How all records write and read attributes. Reading never fails: bad text gives the default.
+/// How all records write and read attributes. Reading never fails: bad text gives the default. What a RecordElement has
+/// and cannot be read is noted with it, and so is what must be good and is absent.
 namespace RecordAttributes
 {
 
+/// @name Values with a default
+/// @{
 /// 0 for an absent attribute and for what is no number of 32 bits.
 int intOf(const QXmlAttributes &attributes, const QString &key);
+/// @p value for an absent attribute and for what is no number of 32 bits.
+int intOr(const QXmlAttributes &attributes, const QString &key, int value);
+/// The null id for an absent attribute and for what is no id.
+SC_Id idOf(const QXmlAttributes &attributes, const QString &key);
+/// @}
+/// Notes a present attribute whose text is none of @p words, as one for which the record took its default.
+void noteUnlessOneOf(const QXmlAttributes &attributes, const QString &key, const QStringList &words);
+void noteUnreadable(const QXmlAttributes &attributes, const QString &key);
 
 /// @name Values that must be good
 /// False for an absent attribute and for what is no such value, and @p value is then as it was.
@@ -25,6 +37,8 @@ bool readInt(const QXmlAttributes &attributes, const QString &key, int &value);
 bool readDouble(const QXmlAttributes &attributes, const QString &key, double &value);
 /// What is not finite in single precision is not good either.
 bool readFloat(const QXmlAttributes &attributes, const QString &key, float &value);
+/// A colour as PO_XmlWriter encodes it.
+bool readColor(const QXmlAttributes &attributes, const QString &key, unsigned int &colour);
 /// @}
 
 /// @name Dates

@@ -9,8 +9,12 @@ class RecordElement : public QXmlAttributes
 public:
     explicit RecordElement(const QXmlAttributes &attributes) : QXmlAttributes(attributes) {}
 
-    /// Reading changes nothing about the attributes.
-    void noteUnreadable(const QString &key) const { m_unreadable += key; }
+    /// Each attribute is noted once. Reading changes nothing about the attributes.
+    void noteUnreadable(const QString &key) const
+    {
+        if (!m_unreadable.contains(key))
+            m_unreadable += key;
+    }
     const QStringList &unreadable() const { return m_unreadable; }
 
 private:

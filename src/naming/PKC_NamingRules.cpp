@@ -81,11 +81,13 @@ protected:
     }
 
 private:
-    static void readRecord(PKC_NamingRules &rules, const QXmlAttributes &attributes)
+    void readRecord(PKC_NamingRules &rules, const QXmlAttributes &attributes)
     {
         const bool isFlat = rules.version() == QLatin1String("1.0");
         if (isFlat || rules.version() == PKC_NamingRules::kPIO_PKMETA_Version)
             readSwitches(rules, attributes);
+        else
+            remark(QStringLiteral("the rules have the unknown version \"%1\"").arg(rules.version()));
         if (isFlat)
             readFlatRules(rules, attributes);
     }

@@ -5,12 +5,15 @@
 #include "metadata/RecordReader_p.h"
 #include "pdf/PdfPayload_p.h"
 #include "pdf/properties/PKC_PropertyFactory.h"
+#include "pdf/properties/PKC_PropertyFromCaptionList.h"
 #include "scene/base/whoami.h"
 #include "scene/metadata/DB_MemFile.h"
 #include "scene/metadata/PIO_WritingContext.h"
 #include "scene/metadata/PO_XmlWriter.h"
 
 #include <QXmlAttributes>
+
+#include <utility>
 
 namespace
 {
@@ -30,7 +33,7 @@ public:
     bool endElement(const QString &nameSpace, const QString &localName) override
     {
         if (localName == kOption)
-            m_pending.reset();
+            leaveOut(std::exchange(m_pending, nullptr).get());
         return RecordReader::endElement(nameSpace, localName);
     }
 
@@ -40,6 +43,9 @@ protected:
         if (localName == kOption) {
             const int type = RecordAttributes::intOf(attributes, kType);
             m_pending.reset(PKC_PropertyFactory::create(type, attributes.value(kName)));
+            // Lists of captions are known to get lost.
+            if (!m_pending && type != PKC_PropertyFromCaptionList(QString()).propertyType())
+                RecordAttributes::noteUnreadable(attributes, kType);
         } else if (localName == kValue && m_pending) {
             const std::unique_ptr<PKC_Property> property = std::move(m_pending);
             DB_MemFile data;
@@ -48,12 +54,19 @@ protected:
             if (property->isValid())
                 options.addPdfOptions(property.get());
             else
-                remark(QStringLiteral("the option \"%1\" is left out: its \"%2\" cannot be read")
-                           .arg(property->name(), kData));
+                leaveOut(property.get());
         }
     }
 
 private:
+    void leaveOut(const PKC_Property *property)
+    {
+        if (!property)
+            return;
+        const QString text = QStringLiteral("the option \"%1\" is left out: its \"%2\" is missing or cannot be read");
+        remark(text.arg(property->name(), kData));
+    }
+
     std::unique_ptr<PKC_Property> m_pending; // of the option that is open
 };
 

@@ -17,6 +17,14 @@ struct Clip::Body {
         records.complete(container(), ClipRecordsKind);
     }
     Body(const Body &other) : Body(other.panel, other.videoClip) {}
+    /// Adds no records.
+    Body &operator=(const Body &other)
+    {
+        panel = other.panel;
+        videoClip = other.videoClip;
+        records = RecordAccesses<PKC_LayerInfos, PKC_ExposurePoints>();
+        return *this;
+    }
 
     /// Null once the scene has gone.
     PIO_Metadatas *container() const
@@ -48,7 +56,7 @@ Clip::Clip(const Clip &other) : m_body(std::make_unique<Body>(*other.m_body)) {}
 
 Clip &Clip::operator=(const Clip &other)
 {
-    m_body = std::make_unique<Body>(*other.m_body);
+    *m_body = *other.m_body;
     return *this;
 }
 

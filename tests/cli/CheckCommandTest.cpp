@@ -84,10 +84,13 @@ TEST_F(CheckCommand, FindsLinksToClipsThatAreNotThere)
     EXPECT_EQ(findings(0), "");
     info->linkVideoClip(board.shotId(0)); // a block of the timeline is no clip
     info->linkAudioClip(SC_Id(4711));
+    ASSERT_TRUE(top.addSeqTimedValue(QStringLiteral("V3"))->insertBlock(1, 5, nullptr));
+    info->linkAudioClip(SC_Id()); // and a block that holds nothing is not the clip without an id
     EXPECT_EQ(findings(4),
         "dangling-link " + panelTitle() + ": linked to the clip " + board.shotId(0).AsString().toStdString()
             + ", which is not there\ndangling-link " + panelTitle()
-            + ": linked to the clip 4711, which is not there\n");
+            + ": linked to the clip 4711, which is not there\ndangling-link " + panelTitle()
+            + ": linked to the clip 0, which is not there\n");
 }
 
 TEST_F(CheckCommand, FindsFieldValuesWithoutADescriptor)
@@ -194,9 +197,36 @@ TEST_F(CheckCommand, TellsOfRecordsThatTookADefault)
     const QJsonArray all = run.json()[QLatin1String("findings")].toArray();
     ASSERT_EQ(all.size(), 1);
     EXPECT_EQ(all[0][QLatin1String("code")].toString(), QStringLiteral("damaged"));
-    EXPECT_EQ(all[0][QLatin1String("item")].toString(), QStringLiteral("record \"panelInfo\""));
+    EXPECT_EQ(all[0][QLatin1String("item")].toString(),
+        QStringLiteral("scene %1, record \"panelInfo\"").arg(board.panelId(0, 0).AsString()));
     EXPECT_TRUE(all[0][QLatin1String("message")].toString().contains(QStringLiteral("exportFlag")));
     EXPECT_EQ(runPlotka({QStringLiteral("info"), file}).errors.toStdString(), "") << "nothing was lost";
+}
+
+TEST_F(CheckCommand, CountsWhatIsWrongBeyondAHundredTimesInARecord)
+{
+    QByteArray content = contentOf(folder.save(board));
+    content.replace("<exposurePoints primaryExposure=\"0\"/>",
+        "<exposurePoints primaryExposure=\"0\">" + QByteArray("<pt value=\"x\"/>").repeated(150) + "</exposurePoints>");
+    const QString file = folder.write(QStringLiteral("odd/odd.plotka"), content);
+    const QJsonArray all = runPlotka({QStringLiteral("check"), file, QStringLiteral("--json")})
+                               .json()[QLatin1String("findings")]
+                               .toArray();
+    ASSERT_EQ(all.size(), 101);
+    EXPECT_EQ(all[100][QLatin1String("message")].toString(), QStringLiteral("and 50 more like these"));
+}
+
+TEST_F(CheckCommand, TellsOfOptionsThatAreLeftOut)
+{
+    QByteArray content = contentOf(folder.save(board));
+    content.replace("<pdfOptions/>",
+        "<pdfOptions><option name=\"a\" type=\"0\"><value data=\"AAAA\"/></option><option name=\"b\" type=\"0\"/>"
+        "<option name=\"c\" type=\"99\"/><option name=\"d\" type=\"5\"/></pdfOptions>");
+    const QString file = folder.write(QStringLiteral("odd/odd.plotka"), content);
+    const QByteArray output = runPlotka({QStringLiteral("check"), file}).output;
+    EXPECT_EQ(output.count("damaged"), 3) << output.toStdString();
+    for (const char *told : {"the option \"a\"", "the option \"b\"", "\"type\" of the element \"option\""})
+        EXPECT_TRUE(output.contains(told)) << output.toStdString();
 }
 
 TEST_F(CheckCommand, SaysWhyAProjectCannotBeOpened)

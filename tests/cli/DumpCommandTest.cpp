@@ -41,6 +41,17 @@ TEST(DumpCommand, PrintsEachRecordBelowWhatCarriesIt)
         "    content=<cloud/>\n");
 }
 
+TEST(DumpCommand, PrintsTheXmlOfWhatSaysNothingOfItself)
+{
+    const Storyboard board("A(24)");
+    const ProjectFolder folder;
+    const CommandRun run = dump(folder.save(board), {QStringLiteral("--record"), QStringLiteral("deletedPanels")});
+    EXPECT_EQ(run.output.toStdString(),
+        "project\n"
+        "  deletedPanels, name \"\", creator \"plotka-tests\", version \"1.0\"\n"
+        "    <deletedPanels/>\n");
+}
+
 TEST(DumpCommand, PrintsOnlyTheRecordsAskedFor)
 {
     const Storyboard board("A(24,12) B(24)");

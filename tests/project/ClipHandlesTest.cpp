@@ -122,6 +122,31 @@ TEST_F(ClipHandles, ClipGivesItsSceneTheRecordsItLacks)
     EXPECT_EQ(Clip().exposurePoints(), nullptr);
 }
 
+TEST_F(ClipHandles, ClipThatIsAssignedAddsNoRecord)
+{
+    const Clip clip(board->getPanelByNdx(0));
+    ASSERT_TRUE(board.panelScene(0, 0)->metadatas()->remove(clip.layerInfos()));
+    Clip other;
+    other = clip;
+    EXPECT_EQ(clip.layerInfos(), nullptr);
+    EXPECT_EQ(other.layerInfos(), nullptr);
+    EXPECT_NE(Clip(clip).layerInfos(), nullptr); // a copy does
+    EXPECT_NE(other.layerInfos(), nullptr);
+}
+
+TEST_F(ClipHandles, SceneOfAPanelAndOfAVideoClipCarriesTheRecordsOfBoth)
+{
+    const VideoClip video(track, scene, VideoTrack());
+    const Panel_t panel(board.panelTrack(0), scene, board->getShotByNdx(0), nullptr);
+    const std::string all = "tracking panelInfo infoFields exposurePoints layerInfos soundAnnotation pdfOptions";
+    EXPECT_EQ(typesOf(*scene), all);
+    EXPECT_EQ(panel.tracking(), video.tracking());
+    ASSERT_TRUE(scene->metadatas()->remove(video.tracking()));
+    const VideoClip again(track, scene, VideoTrack());
+    EXPECT_EQ(typesOf(*scene), "panelInfo infoFields exposurePoints layerInfos soundAnnotation pdfOptions tracking");
+    EXPECT_EQ(panel.tracking(), again.tracking());
+}
+
 TEST_F(ClipHandles, ClipHasNoRecordsOnceItsSceneIsGone)
 {
     const Clip clip(board->getPanelByNdx(1));

@@ -70,6 +70,14 @@ std::vector<std::string> recordsIn(const QString &text, SC_FileReport &report)
     return markups;
 }
 
+/// The content of a caption, and the id of what other programs call an issue.
+bool isText(const QString &text, const Attribute &attribute)
+{
+    const QString element = text.mid(text.lastIndexOf(u'<', attribute.at) + 1, 10);
+    return (attribute.key == QStringLiteral("value") && element.startsWith(QStringLiteral("field ")))
+        || (attribute.key == QStringLiteral("id") && element.startsWith(QStringLiteral("Compatibil")));
+}
+
 } // namespace
 
 TEST(DamagedRecords, HarmNoNeighbour)
@@ -98,14 +106,13 @@ TEST(DamagedRecords, HarmNoNeighbour)
 TEST(DamagedRecords, AreRemarkedOnWithTheirLine)
 {
     const QString text = exampleText();
-    // What holds numbers, flags and dates; in texts, and in words of which all others mean the default, nothing is bad.
-    const QStringList readable{QStringLiteral("name"), QStringLiteral("path"), QStringLiteral("project"),
-        QStringLiteral("product"), QStringLiteral("value"), QStringLiteral("type"), QStringLiteral("size"),
-        QStringLiteral("trackingNote"), QStringLiteral("sequenceName"), QStringLiteral("actName"),
-        QStringLiteral("version"), QStringLiteral("id"), QStringLiteral("color"), QStringLiteral("colorIsValid")};
+    // In these any text is good.
+    const QStringList texts{QStringLiteral("name"), QStringLiteral("sequenceName"), QStringLiteral("actName"),
+        QStringLiteral("path"), QStringLiteral("project"), QStringLiteral("product"), QStringLiteral("version"),
+        QStringLiteral("trackingNote")};
     int remarked = 0;
     for (const Attribute &attribute : payloadAttributes(text)) {
-        if (readable.contains(attribute.key))
+        if (texts.contains(attribute.key) || isText(text, attribute))
             continue;
         QString damaged = text;
         damaged.replace(attribute.at, attribute.length, QStringLiteral(" %1=\"\u2603\"").arg(attribute.key));

@@ -149,7 +149,12 @@ public:
     explicit PayloadFeeder(UT_SharedPtr<PIO_XML::ComponentReader> reader) { m_readers.push_back(reader); }
 
     bool sawElement() const { return m_sawElement; }
-    std::vector<PIO_RecordResult::Remark> takeRemarks() { return std::move(m_remarks); }
+    std::vector<PIO_RecordResult::Remark> takeRemarks(const QXmlStreamReader &xml)
+    {
+        if (m_furtherRemarks > 0)
+            addRemark(xml, QStringLiteral("and %1 more like these").arg(m_furtherRemarks));
+        return std::move(m_remarks);
+    }
 
     void startElement(const QXmlStreamReader &xml)
     {
@@ -158,11 +163,7 @@ public:
         // A copy: the reader stays alive for this call whatever it does.
         if (const UT_SharedPtr<PIO_XML::ComponentReader> reader = m_readers.back()) {
             children = reader->startElement(QString(), localNameOf(xml.qualifiedName()), attributesOf(xml));
-            const QStringList remarks = reader->takeRemarks();
-            for (const QString &text : remarks) {
-                if (m_remarks.size() < PIO_RecordReader::remarkLimit)
-                    m_remarks.push_back({xml.lineNumber(), xml.columnNumber() + 1, text});
-            }
+            collectRemarks(*reader, xml);
         }
         m_readers.push_back(children);
     }
@@ -171,8 +172,11 @@ public:
     {
         const bool accepted = bool(m_readers.back());
         m_readers.pop_back();
-        if (accepted)
-            m_readers.back()->endElement(QString(), localNameOf(xml.qualifiedName()));
+        if (!accepted)
+            return;
+        const UT_SharedPtr<PIO_XML::ComponentReader> reader = m_readers.back();
+        reader->endElement(QString(), localNameOf(xml.qualifiedName()));
+        collectRemarks(*reader, xml);
     }
 
     void other(const QXmlStreamReader &xml)
@@ -183,7 +187,24 @@ public:
 
 private:
     std::vector<UT_SharedPtr<PIO_XML::ComponentReader>> m_readers;
+    void collectRemarks(PIO_XML::ComponentReader &reader, const QXmlStreamReader &xml)
+    {
+        const QStringList remarks = reader.takeRemarks();
+        for (const QString &text : remarks) {
+            if (m_remarks.size() < PIO_RecordReader::remarkLimit)
+                addRemark(xml, text);
+            else
+                ++m_furtherRemarks;
+        }
+    }
+
+    void addRemark(const QXmlStreamReader &xml, const QString &text)
+    {
+        m_remarks.push_back({xml.lineNumber(), xml.columnNumber() + 1, text});
+    }
+
     std::vector<PIO_RecordResult::Remark> m_remarks;
+    qint64 m_furtherRemarks = 0;
     bool m_sawElement = false;
 };
 
@@ -246,7 +267,7 @@ PIO_RecordResult PIO_RecordReader::read(QXmlStreamReader &xml)
     } else {
         PayloadFeeder feeder(result.record->componentReader());
         withinLimit = feed(xml, feeder);
-        result.remarks = feeder.takeRemarks();
+        result.remarks = feeder.takeRemarks(xml);
         const auto *generic = dynamic_cast<const PIO_MetadataGeneric *>(result.record.get());
         if (generic && !generic->isValid() && feeder.sawElement())
             result.message = QStringLiteral("the record has no readable value");

@@ -37,7 +37,7 @@ class PLOTKA_SCENE_EXPORT PIO_RecordReader
 public:
     /// Elements may stand in one another this deep, counted from the element "metadata".
     static constexpr int depthLimit = 1000;
-    /// Of one record so many remarks are kept.
+    /// Of one record so many remarks are kept; one more says how many there were beyond.
     static constexpr std::size_t remarkLimit = 100;
 
     /// Reads the record at whose element "metadata" @p xml stands, and leaves @p xml at the end of that element.

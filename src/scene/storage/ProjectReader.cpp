@@ -83,7 +83,7 @@ void ProjectReader::readProject()
         return;
     while (findElement()) {
         if (m_xml.name() == keys::metadata)
-            readRecord(m_project->metadatas());
+            readRecord(m_project->metadatas(), QStringLiteral("project"));
         else if (m_xml.name() == keys::scene)
             readScene();
         else
@@ -151,7 +151,7 @@ void ProjectReader::readSceneParts(TUScene &scene)
     while (findElement()) {
         const QStringView name = m_xml.name();
         if (name == keys::metadata)
-            readRecord(scene.metadatas());
+            readRecord(scene.metadatas(), QStringLiteral("scene %1").arg(scene.objectId().AsString()));
         else if (name == keys::sequence)
             readSequence(scene);
         else if (name == keys::sounds)
@@ -319,7 +319,7 @@ void ProjectReader::readComposite(TUScene &scene)
     end();
 }
 
-void ProjectReader::readRecord(PIO_Metadatas *records)
+void ProjectReader::readRecord(PIO_Metadatas *records, const QString &holder)
 {
     if (!begin())
         return;
@@ -330,7 +330,7 @@ void ProjectReader::readRecord(PIO_Metadatas *records)
     }
     if (!result.record)
         return;
-    const QString item = QStringLiteral("record \"%1\"").arg(result.record->metaType());
+    const QString item = QStringLiteral("%1, record \"%2\"").arg(holder, result.record->metaType());
     for (const PIO_RecordResult::Remark &remark : result.remarks)
         m_report.remark({remark.line, remark.column}, item, remark.text);
     records->add(result.record.release());

@@ -51,7 +51,7 @@ private:
     void readNodesOf(TUGroup &group);
     void readNode(TUGroup &group);
     void readComposite(TUScene &scene);
-    void readRecord(PIO_Metadatas *records);
+    void readRecord(PIO_Metadatas *records, const QString &holder);
 
     bool begin();
     bool findElement();
