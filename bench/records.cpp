@@ -1,4 +1,4 @@
-#include "SavedProject.h"
+#include "StorageRuns.h"
 #include "sizes.h"
 
 #include <QFile>
@@ -15,48 +15,26 @@ namespace
 /// The sizes that fit all records of all panels comfortably.
 #define PLOTKA_BENCH_FILLED(function, name) BENCHMARK(function)->Name(name)->Arg(1000)->Arg(10000)
 
-const SavedProject &filledProject(benchmark::State &state)
+const SavedProject &filledProject(const benchmark::State &state)
 {
     return SavedProject::filled(panelsOf(state));
 }
 
 void openFilled(benchmark::State &state)
 {
-    const SavedProject &saved = filledProject(state);
-    for (auto _ : state) {
-        std::unique_ptr<PKC_SessionContext> session = saved.opened();
-        state.PauseTiming();
-        session->releaseProject();
-        session.reset();
-        state.ResumeTiming();
-    }
+    runOpen(state, filledProject(state));
 }
 PLOTKA_BENCH_FILLED(openFilled, "open, records filled");
 
 void saveFilled(benchmark::State &state)
 {
-    const std::unique_ptr<PKC_SessionContext> session = filledProject(state).opened();
-    for (auto _ : state) {
-        if (!session->saveProject())
-            std::abort();
-    }
-    session->releaseProject();
+    runSave(state, filledProject(state));
 }
 PLOTKA_BENCH_FILLED(saveFilled, "save, records filled");
 
 void readPass(benchmark::State &state)
 {
-    const QString path = filledProject(state).path();
-    for (auto _ : state) {
-        QFile file(path);
-        if (!file.open(QIODevice::ReadOnly))
-            std::abort();
-        QXmlStreamReader xml(&file);
-        while (!xml.atEnd())
-            benchmark::DoNotOptimize(xml.readNext());
-        if (xml.hasError())
-            std::abort();
-    }
+    runXmlPass(state, filledProject(state));
 }
 PLOTKA_BENCH_FILLED(readPass, "floor: XML pass, records filled");
 

@@ -1,51 +1,29 @@
-#include "SavedProject.h"
+#include "StorageRuns.h"
 #include "sizes.h"
-
-#include <QFile>
-#include <QXmlStreamReader>
-
-#include <cstdlib>
 
 namespace
 {
 
+const SavedProject &project(const benchmark::State &state)
+{
+    return SavedProject::ofSize(panelsOf(state));
+}
+
 void open(benchmark::State &state)
 {
-    const SavedProject &saved = SavedProject::ofSize(panelsOf(state));
-    for (auto _ : state) {
-        std::unique_ptr<PKC_SessionContext> session = saved.opened();
-        state.PauseTiming();
-        session->releaseProject();
-        session.reset();
-        state.ResumeTiming();
-    }
+    runOpen(state, project(state));
 }
 PLOTKA_BENCH_SIZES(open, "open");
 
 void save(benchmark::State &state)
 {
-    const std::unique_ptr<PKC_SessionContext> session = SavedProject::ofSize(panelsOf(state)).opened();
-    for (auto _ : state) {
-        if (!session->saveProject())
-            std::abort();
-    }
-    session->releaseProject();
+    runSave(state, project(state));
 }
 PLOTKA_BENCH_SIZES(save, "save");
 
 void xmlPass(benchmark::State &state)
 {
-    const QString path = SavedProject::ofSize(panelsOf(state)).path();
-    for (auto _ : state) {
-        QFile file(path);
-        if (!file.open(QIODevice::ReadOnly))
-            std::abort();
-        QXmlStreamReader xml(&file);
-        while (!xml.atEnd())
-            benchmark::DoNotOptimize(xml.readNext());
-        if (xml.hasError())
-            std::abort();
-    }
+    runXmlPass(state, project(state));
 }
 PLOTKA_BENCH_SIZES(xmlPass, "floor: XML pass");
 
