@@ -29,6 +29,11 @@ inline PKC_InfoField *fieldOf(const UT_SharedPtr<PKC_InfoField> &entry)
     return entry.get();
 }
 
+inline bool isReserved(int id)
+{
+    return id == PKC_InfoFieldDesc::endId || id == PKC_InfoFieldDesc::firstId;
+}
+
 template <typename Entry>
 bool hasId(const Entry &entry, int id)
 {
@@ -109,10 +114,13 @@ int move(List &list, int id, int beforeId)
 template <typename List>
 void remap(List &list, const std::map<int, int> &ids)
 {
+    std::set<const PKC_InfoFieldDesc *> remapped; // a field may be in the list twice
     for (auto &entry : list) {
         PKC_InfoFieldDesc *field = fieldOf(entry);
-        if (const auto mapped = field ? ids.find(field->id()) : ids.end(); mapped != ids.end())
-            field->setId(mapped->second);
+        const auto mapped = field ? ids.find(field->id()) : ids.end();
+        if (mapped == ids.end() || isReserved(mapped->second) || !remapped.insert(field).second)
+            continue;
+        field->setId(mapped->second);
     }
 }
 

@@ -1,15 +1,11 @@
 #include "infofields/InfoFieldInserter_p.h"
 
+#include "infofields/FieldLists_p.h"
 #include "infofields/PKC_InfoFieldImage.h"
 #include "infofields/PKC_InfoFieldText.h"
 
 namespace
 {
-
-bool isReserved(int id)
-{
-    return id == PKC_InfoFieldDesc::endId || id == PKC_InfoFieldDesc::firstId;
-}
 
 UT_SharedPtr<PKC_InfoField> made(PKC_InfoFieldDesc::Type type, int id, const QString &value, const QString &name)
 {
@@ -31,7 +27,7 @@ int LocalIds::next()
 PKC_InfoField &InfoFieldInserter::insert(PKC_InfoFieldDesc::Type type, const QString &name, int id,
     PKC_InfoFieldDesc::Size size, int height, const QString &value, PKC_InfoFieldList::iterator place)
 {
-    if (isReserved(id)) {
+    if (FieldLists::isReserved(id)) {
         if (!m_localIds)
             m_localIds.emplace(*m_list);
         id = m_localIds->next();

@@ -55,7 +55,7 @@ public:
     /// followed it, or endId when it was the last: what move() needs to undo this. The entry's own id when it stands
     /// there already, and endId when there is no such entry.
     int move(int id, int beforeId);
-    /// Gives entries whose id is a key the mapped id. Always true.
+    /// Gives entries whose id is a key the mapped id; a pair that maps to a reserved id is ignored. Always true.
     bool remap(const std::map<int, int> &ids);
     /// Removes all entries with these ids. Always true.
     bool remove(const std::set<int> &ids);

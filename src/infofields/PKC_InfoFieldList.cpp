@@ -6,6 +6,8 @@
 #include "infofields/InfoFieldInserter_p.h"
 #include "infofields/PKC_ExtraInfoFieldDescList.h"
 #include "infofields/PKC_InfoFieldDescList.h"
+#include "infofields/PKC_InfoFieldImage.h"
+#include "infofields/PKC_InfoFieldText.h"
 #include "metadata/RecordAttributes_p.h"
 #include "metadata/RecordReader_p.h"
 #include "scene/base/whoami.h"
@@ -15,6 +17,7 @@
 #include <QXmlAttributes>
 
 #include <memory>
+#include <optional>
 
 namespace
 {
@@ -26,7 +29,7 @@ const QString kValue = QStringLiteral("value");
 class InfoFieldListMetadataReader : public RecordReader<PKC_InfoFieldList, ReadsUntil::OwnEnd>
 {
 public:
-    explicit InfoFieldListMetadataReader(PKC_InfoFieldList *target) : RecordReader(target), m_inserter(*target) {}
+    explicit InfoFieldListMetadataReader(PKC_InfoFieldList *target) : RecordReader(target) {}
 
 protected:
     void readElement(PKC_InfoFieldList &list, const QString &localName, const QXmlAttributes &attributes) override
@@ -38,15 +41,39 @@ protected:
         QString value = attributes.value(kValue);
         if (type == PKC_InfoFieldDesc::TEXT)
             value = CaptionText::richTextOf(value);
-        PKC_InfoField &field = m_inserter.insert(type, attributes.value(FieldAttributes::kName), id,
+        PKC_InfoField &field = inserterFor(list).insert(type, attributes.value(FieldAttributes::kName), id,
             FieldAttributes::sizeOf(attributes), FieldAttributes::heightOf(attributes), value, list.end());
         if (const QString dragName = attributes.value(kDragName); !dragName.isEmpty())
             field.setDragName(dragName);
+        m_size = list.size();
+        m_last = list.back();
     }
 
 private:
-    InfoFieldInserter m_inserter;
+    /// A new one when somebody else has changed the list since the last field was read.
+    InfoFieldInserter &inserterFor(PKC_InfoFieldList &list)
+    {
+        if (!m_inserter || list.size() != m_size || list.back() != m_last)
+            m_inserter.emplace(list);
+        return *m_inserter;
+    }
+
+    std::optional<InfoFieldInserter> m_inserter;
+    std::size_t m_size = 0;
+    UT_SharedPtr<PKC_InfoField> m_last;
 };
+
+/// An empty field of the descriptor's type, all of its bits, and id.
+UT_SharedPtr<PKC_InfoField> emptyField(const PKC_InfoFieldDesc &desc)
+{
+    UT_SharedPtr<PKC_InfoField> field;
+    if (desc.isImage())
+        field = new PKC_InfoFieldImage(desc.id(), QString(), QString());
+    else
+        field = new PKC_InfoFieldText(desc.id(), QString(), QString());
+    field->setType(desc.type());
+    return field;
+}
 
 void encode(PO_XmlWriter &writer, const PKC_InfoField &field, bool forDrag)
 {
@@ -189,7 +216,10 @@ int PKC_InfoFieldList::insertInfoField(UT_SharedPtr<PKC_InfoField> field, int be
 {
     if (!field)
         return PKC_InfoFieldDesc::endId;
-    insert(find(beforeId), field);
+    const iterator place = find(beforeId);
+    if (FieldLists::isReserved(field->id()))
+        field->setId(getUniqId());
+    insert(place, field);
     return field->id();
 }
 
@@ -219,11 +249,8 @@ int PKC_InfoFieldList::insertInfoField(PKC_InfoFieldDesc::Type type, int id, int
 void PKC_InfoFieldList::reserveInfoFields(const PKC_InfoFieldDescList &descs)
 {
     clear();
-    InfoFieldInserter inserter(*this);
-    for (const PKC_InfoFieldDesc &desc : descs) {
-        inserter.insert(desc.type(), QString(), desc.id(), PKC_InfoFieldDesc::DEFAULT,
-            PKC_InfoFieldDesc::DEFAULT_HEIGHT, QString(), end());
-    }
+    for (const PKC_InfoFieldDesc &desc : descs)
+        push_back(emptyField(desc));
 }
 
 void PKC_InfoFieldList::reserveExtraInfoFields(const PKC_ExtraInfoFieldDescList &descs)

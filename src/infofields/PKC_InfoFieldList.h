@@ -65,7 +65,7 @@ public:
     /// @name Inserting
     /// Before the entry with the id @p beforeId, or at the end when there is none. They give the id of the new entry.
     /// @{
-    /// The field as it is. A null pointer inserts nothing and gives endId.
+    /// The field as it is, but a reserved id becomes a new local one. A null pointer inserts nothing and gives endId.
     int insertInfoField(UT_SharedPtr<PKC_InfoField> field, int beforeId);
     /// A new field. A reserved id chooses a new local one. A global field gets no name, since its descriptor has it. Once
     /// one field has custom size, every later one gets it. Exactly the type IMAGE gives an image, all others a text
@@ -75,7 +75,8 @@ public:
     int insertInfoField(PKC_InfoFieldDesc::Type type, const QString &name, int id, const QString &value, int beforeId);
     int insertInfoField(PKC_InfoFieldDesc::Type type, int id, const QString &value, int beforeId);
     int insertInfoField(PKC_InfoFieldDesc::Type type, int id, int beforeId);
-    /// Replaces all entries by an empty field for each descriptor.
+    /// Replaces all entries by an empty field for each descriptor, with its type, comment bit included, and its id,
+    /// reserved or not.
     void reserveInfoFields(const PKC_InfoFieldDescList &descs);
     /// Adds an empty local field for each descriptor, before the entry whose id is the descriptor's position.
     void reserveExtraInfoFields(const PKC_ExtraInfoFieldDescList &descs);
@@ -94,7 +95,7 @@ public:
     /// @}
 
     /// @name Giving other ids
-    /// Entries whose id is a key get the mapped id. Always true.
+    /// Entries whose id is a key get the mapped id, each once; a pair that maps to a reserved id is ignored. Always true.
     /// @{
     bool remap(const std::map<int, int> &ids);
     bool remapInfoField(const std::map<int, int> &ids) { return remap(ids); }

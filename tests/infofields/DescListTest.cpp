@@ -335,6 +335,7 @@ TEST(DescListEdits, RemapEachEntryOnce)
     auto list = listOf({1, 2, 3, 1});
     EXPECT_TRUE(list.remap({{1, 2}, {2, 1}, {9, 4}}));
     EXPECT_EQ(idsOf(list), (Ids{2, 1, 3, 2}));
+    EXPECT_TRUE(list.remap({{3, endId}, {2, firstId}})); // onto a reserved id goes nothing
     EXPECT_TRUE(list.remap({}));
     EXPECT_EQ(idsOf(list), (Ids{2, 1, 3, 2}));
 }

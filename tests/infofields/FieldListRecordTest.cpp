@@ -3,6 +3,7 @@
 #include "infofields/PKC_InfoFieldImage.h"
 #include "infofields/PKC_InfoFieldText.h"
 #include "metadata/PKC_MetadataFactory.h"
+#include "scene/metadata/PIO_ComponentReader.h"
 #include "scene/metadata/PIO_RecordWriter.h"
 #include "scene/metadata/PIO_WritingContext.h"
 #include "scene/metadata/PO_XmlWriter.h"
@@ -11,6 +12,7 @@
 #include "support/Records.h"
 
 #include <QTextDocument>
+#include <QXmlAttributes>
 
 #include <gtest/gtest.h>
 
@@ -228,6 +230,26 @@ TEST(FieldListRecord, ChoosesLocalIdsForReservedOnes)
     list.insertInfoField(Desc::TEXT, -1, endId);
     readPayload(list, text("<field id='2147483647'/>"));
     EXPECT_EQ(idsOf(list), (Ids{-1, -2}));
+}
+
+TEST(FieldListRecord, ReadsIntoAListThatOthersChangeMeanwhile)
+{
+    PKC_InfoFieldList list;
+    const UT_SharedPtr<PIO_XML::ComponentReader> reader = list.componentReader();
+    const auto readField = [&reader] {
+        QXmlAttributes attributes;
+        attributes.append(text("id"), QString(), text("id"), text("2147483647"));
+        reader->startElement(QString(), text("field"), attributes);
+    };
+    list.insertInfoField(Desc::TEXT, QString(), 1, Desc::CUSTOM, 16, QString(), endId);
+    readField();
+    EXPECT_EQ(textOf(list), "1: 1 CUSTOM= | -1: 1 CUSTOM=");
+    list.insertInfoField(Desc::TEXT, -2, firstId);
+    readField();
+    EXPECT_EQ(list.back()->id(), -3);
+    list.clear();
+    readField();
+    EXPECT_EQ(textOf(list), "-1: 1=");
 }
 
 TEST(FieldListRecord, GivesFieldsBehindACustomOneTheCustomSize)

@@ -110,6 +110,7 @@ TEST(FieldListIds, AreMergedBehindTheirNeighbours)
     EXPECT_EQ(merged(listOf({3, -1, 2}), {}), (Ids{3, -1, 2}));
     EXPECT_EQ(merged(listOf({1, -5, 2}), {1, 2}), (Ids{1, -5, 2}));
     EXPECT_EQ(merged(listOf({5, 1}), {1, 2}), (Ids{1, 2, 5}));
+    EXPECT_EQ(merged(listOf({5}), {endId, 1}), (Ids{endId, 1, 5})); // the first has no neighbour, whatever is there
     std::set<int> ids{9};
     listOf({4, -2, 4}).getIds(ids);
     EXPECT_EQ(ids, (std::set<int>{-2, 4, 9}));
@@ -139,6 +140,16 @@ TEST(FieldListInsertion, PutsTheFieldAsItIs)
     EXPECT_EQ(list.back(), field);
     EXPECT_EQ(textOf(list), "1: 1 CUSTOM= | 2:name 18=key");
     EXPECT_EQ(field->refCount, 2);
+}
+
+TEST(FieldListInsertion, GivesAFieldWithAReservedIdALocalOne)
+{
+    auto list = listOf({1, -1});
+    const UT_SharedPtr<PKC_InfoField> field = new PKC_InfoFieldText(endId, text("a"), text("name"));
+    EXPECT_EQ(list.insertInfoField(field, -1), -2);
+    EXPECT_EQ(list.insertInfoField(UT_SharedPtr<PKC_InfoField>(new PKC_InfoFieldText(firstId, {}, {})), firstId), -3);
+    EXPECT_EQ(textOf(list), "-3: 1= | 1: 1= | -2:name 1=a | -1: 1=");
+    EXPECT_EQ(list.getInfoField(-2), field);
 }
 
 TEST(FieldListInsertion, PutsNothingForANullPointer)
@@ -204,22 +215,25 @@ TEST(FieldListReserving, ReplacesTheFieldsByEmptyOnes)
     descs.add(Desc::TEXT, 3, text("a"), Desc::CUSTOM, 50);
     descs.add(Desc::IMAGE, 1, text("b"), Desc::MINIMUM, 60);
     descs.add(textComment, 2, text("c"), Desc::DEFAULT, 70);
+    descs.add(imageComment, 4, text("d"), Desc::DEFAULT, 70);
     auto list = listOf({9, -1});
     list.front()->setSize(Desc::CUSTOM);
     list.reserveInfoFields(descs);
-    EXPECT_EQ(textOf(list), "3: 1= | 1: 2= | 2: 1=");
+    EXPECT_EQ(textOf(list), "3: 1= | 1: 2= | 2: 17= | 4: 18=");
+    EXPECT_NE(dynamic_cast<PKC_InfoFieldText *>(list.getInfoField(2).get()), nullptr);
+    EXPECT_NE(dynamic_cast<PKC_InfoFieldImage *>(list.getInfoField(4).get()), nullptr);
     list.reserveInfoFields(PKC_PanelInfoFieldDescList());
     EXPECT_TRUE(list.empty());
 }
 
-TEST(FieldListReserving, ChoosesIdsForDescriptorsWithReservedOnes)
+TEST(FieldListReserving, KeepsTheIdsOfDescriptors)
 {
     PKC_PanelInfoFieldDescList descs;
     for (const int id : {endId, -1, firstId})
         descs.add(Desc::TEXT, id, text("a"), Desc::DEFAULT, 16);
     PKC_InfoFieldList list;
     list.reserveInfoFields(descs);
-    EXPECT_EQ(idsOf(list), (Ids{-1, -1, -2}));
+    EXPECT_EQ(idsOf(list), (Ids{endId, -1, firstId}));
 }
 
 TEST(FieldListReserving, AddsExtraFieldsAtTheirPlaces)
@@ -269,6 +283,21 @@ TEST(FieldListEdits, RemapEachEntryOnce)
     EXPECT_TRUE(list.remapInfoField({{3, -3}}));
     EXPECT_TRUE(list.remap({}));
     EXPECT_EQ(idsOf(list), (Ids{2, 1, -3, 2}));
+}
+
+TEST(FieldListEdits, RemapNothingOntoAReservedId)
+{
+    auto list = listOf({1, 2, 3});
+    EXPECT_TRUE(list.remap({{1, endId}, {2, firstId}, {3, 4}}));
+    EXPECT_EQ(idsOf(list), (Ids{1, 2, 4}));
+}
+
+TEST(FieldListEdits, RemapAFieldThatIsThereTwiceOnce)
+{
+    auto list = listOf({1, 5});
+    list.push_back(list.front());
+    list.remap({{1, 2}, {2, 3}});
+    EXPECT_EQ(idsOf(list), (Ids{2, 5, 2}));
 }
 
 TEST(FieldListEdits, RemoveAllEntriesOfTheIds)
