@@ -162,11 +162,9 @@ bool parseFrame(const QString &text, qint64 &frame)
     if (digits.isEmpty() || !std::all_of(digits.begin(), digits.end(), isDigit))
         return false;
     bool fits = false;
-    frame = digits.toLongLong(&fits);
+    frame = text.toLongLong(&fits);
     if (!fits)
-        frame = std::numeric_limits<qint64>::max();
-    if (isNegative)
-        frame = -frame;
+        frame = isNegative ? std::numeric_limits<qint64>::min() : std::numeric_limits<qint64>::max();
     return true;
 }
 

@@ -13,6 +13,8 @@
 #include "scene/storage/SC_FileReport.h"
 
 #include <QCommandLineParser>
+#include <QDir>
+#include <QFileInfo>
 #include <QSaveFile>
 
 #include <cmath>
@@ -106,6 +108,18 @@ void tellError(const QString &input, const OtioError &error)
     Console::tell(CliText::tr("%1: error: %2").arg(place, error.message));
 }
 
+/// True for a report that would take the place of the cut, or that of a project in the output folder.
+bool isReportInTheWay(const Order &order)
+{
+    if (order.reportFile.isEmpty())
+        return false;
+    const QFileInfo report(order.reportFile);
+    if (report == QFileInfo(order.input))
+        return true;
+    const bool isInFolder = QDir(order.folder).absolutePath() == QDir::cleanPath(report.absolutePath());
+    return isInFolder && report.fileName().contains(QStringLiteral(".plotka"));
+}
+
 ExitCode import(const Order &order)
 {
     if (!order.isForced && OutputFolder(order.folder).isTaken()) {
@@ -145,6 +159,9 @@ ExitCode runImport(const QCommandLineParser &parser)
         return refuseUsage(CliText::tr("import: -o DIR is missing"));
     if (parser.isSet(QStringLiteral("report")) && order.reportFile.isEmpty())
         return refuseUsage(CliText::tr("import: --report names no file"));
+    if (isReportInTheWay(order))
+        return refuseUsage(
+            CliText::tr("import: the report would take the place of another file: %1").arg(order.reportFile));
     order.options.hasRate = parser.isSet(QStringLiteral("rate"));
     const QString rate = parser.value(QStringLiteral("rate"));
     if (order.options.hasRate && !parseRate(rate, order.options.rate))

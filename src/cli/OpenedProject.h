@@ -25,7 +25,7 @@ public:
 
     bool isOpen() const;
     const SC_FileReport &report() const { return m_report; }
-    /// As the file has it; only while the project is open, like project().
+    /// As the file has it until project() is asked for; only while the project is open, like project().
     const SC_Project &asFiled() const;
     /// Built when first asked for, which gives the panels the records that they lack.
     PKC_PlotkaProject &project();

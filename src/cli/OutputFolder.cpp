@@ -10,7 +10,14 @@
 namespace
 {
 
-const QString projectPattern = QStringLiteral("*.plotka");
+/// The files in the folder that are projects, to the letter of their names.
+QStringList projectFiles(const QDir &folder)
+{
+    QStringList files = folder.entryList({QStringLiteral("?*.plotka")}, QDir::Files | QDir::Hidden, QDir::Name);
+    const auto isOther = [](const QString &name) { return !name.endsWith(QStringLiteral(".plotka")); };
+    files.erase(std::remove_if(files.begin(), files.end(), isOther), files.end());
+    return files;
+}
 
 bool isThere(const QString &path)
 {
@@ -36,7 +43,7 @@ OutputFolder::~OutputFolder()
     // What was written before it failed goes first, then the earlier project has its name again.
     if (m_isPrepared) {
         const QDir folder(m_path);
-        const QStringList written = folder.entryList({projectPattern}, QDir::Files | QDir::Hidden);
+        const QStringList written = projectFiles(folder);
         for (const QString &file : written)
             QFile::remove(folder.filePath(file));
     }
@@ -82,7 +89,7 @@ QString OutputFolder::makeFolders()
 QString OutputFolder::moveProjectsAside()
 {
     const QDir folder(m_path);
-    const QStringList files = folder.entryList({projectPattern}, QDir::Files | QDir::Hidden, QDir::Name);
+    const QStringList files = projectFiles(folder);
     for (const QString &name : files) {
         const QString file = folder.filePath(name);
         const QString asideName = freeAsideName(file);

@@ -159,6 +159,9 @@ private:
         qint64 rows = 0;
         qint64 cellsOfRow = 0;
         qint64 widestRow = 0;
+
+        /// As the document makes them: rows without a cell have one as well.
+        qint64 cells() const { return rows * std::max<qint64>(widestRow, 1); }
     };
 
     qsizetype endOr(qsizetype place) const { return place < 0 ? m_html.size() : place; }
@@ -381,14 +384,14 @@ private:
         if (!isOneOf(name, {kTr, kTd, kTh}))
             return;
         Element &table = m_open[innermost(kTable)];
-        m_cells -= table.rows * table.widestRow;
+        m_cells -= table.cells();
         if (name == kTr) {
             ++table.rows;
             table.cellsOfRow = 0;
         } else {
             table.widestRow = std::max(table.widestRow, ++table.cellsOfRow);
         }
-        m_cells += table.rows * table.widestRow;
+        m_cells += table.cells();
     }
 
     qsizetype openInlines() const { return m_open.isEmpty() ? 0 : m_open.last().inlines; }

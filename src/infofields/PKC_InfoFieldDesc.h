@@ -26,7 +26,8 @@ public:
     static const QString commentsField;
 
     /// @name Reserved ids
-    /// They mean a place wherever lists of fields take an id, and no field is given them.
+    /// They mean a place wherever lists of fields take an id, and no field is given them but by a file or a
+    /// descriptor that has them already.
     /// @{
     static constexpr int endId = std::numeric_limits<int>::max();   ///< the end of the list; also: no field
     static constexpr int firstId = std::numeric_limits<int>::min(); ///< the first entry of the list

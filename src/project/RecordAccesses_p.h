@@ -26,6 +26,7 @@ public:
         open(container);
         (accessOf<Records>().getOrCreate(), ...);
         container->noteComplete(kind);
+        m_accesses.reset();
     }
 
     /// The record, or null when it has been taken away.

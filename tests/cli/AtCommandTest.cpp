@@ -144,6 +144,10 @@ TEST_F(AtCommand, TakesSignedAndLongNumbers)
     EXPECT_EQ(jsonAt(QStringLiteral("-5"))[QLatin1String("frame")].toInt(), -5);
     EXPECT_EQ(jsonAt(QStringLiteral("99999999999999999999"))[QLatin1String("frame")].toInteger(),
         std::numeric_limits<qint64>::max());
+    for (const char *lowest : {"-9223372036854775808", "-9223372036854775809"}) {
+        EXPECT_EQ(
+            jsonAt(QLatin1String(lowest))[QLatin1String("frame")].toInteger(), std::numeric_limits<qint64>::min());
+    }
     EXPECT_TRUE(at(QStringLiteral("-5")).output.contains("project frame -5 is outside"));
 }
 

@@ -232,6 +232,30 @@ TEST_F(ImportCommand, TakesAReportWithinTheNewFolder)
     EXPECT_EQ(written(), (QStringList{QStringLiteral("Night.plotka"), QStringLiteral("report.json")}));
 }
 
+TEST_F(ImportCommand, RefusesAReportThatWouldTakeThePlaceOfTheCutOrAProject)
+{
+    const QString input = cut(cutOf("Night"));
+    const QStringList reports{input, path(QStringLiteral("out/Night.plotka")), path(QStringLiteral("out/x.plotka")),
+        path(QStringLiteral("out/Night.plotka~"))};
+    for (const QString &report : reports) {
+        const CommandRun run = import(input, {QStringLiteral("--report"), report, QStringLiteral("--force")});
+        EXPECT_EQ(run.exitCode, 2) << report.toStdString();
+        EXPECT_TRUE(run.errors.contains("the report would take the place")) << run.errors.toStdString();
+        expectNothingWritten();
+    }
+    EXPECT_EQ(import(input).exitCode, 0);
+}
+
+TEST_F(ImportCommand, PutsAsideWhatIsAProjectToTheLetterOnly)
+{
+    QDir().mkpath(output());
+    QFile other(path(QStringLiteral("out/A.PLOTKA")));
+    ASSERT_TRUE(other.open(QIODevice::WriteOnly));
+    other.close();
+    EXPECT_EQ(import(cut(cutOf("Night")), {QStringLiteral("--force")}).exitCode, 0);
+    EXPECT_EQ(written(), (QStringList{QStringLiteral("A.PLOTKA"), QStringLiteral("Night.plotka")}));
+}
+
 TEST_F(ImportCommand, TellsWhatIsLost)
 {
     const CommandRun run = import(cut(cutOf("Night", lossyFields)));

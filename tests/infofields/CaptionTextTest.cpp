@@ -110,6 +110,22 @@ TEST(RichText, IsNotMadeOfALongText)
     EXPECT_TRUE(Qt::mightBeRichText(CaptionText::richTextOf(text("a").repeated(1000000))));
 }
 
+TEST(RichText, CountsACarriageReturnWithALineFeedAsOneLine)
+{
+    const QString many = QStringLiteral("a\r\n").repeated(9998);
+    EXPECT_TRUE(Qt::mightBeRichText(CaptionText::richTextOf(many)));
+    const QString tooMany = QStringLiteral("a\r\n").repeated(10001);
+    EXPECT_EQ(CaptionText::richTextOf(tooMany), tooMany);
+}
+
+TEST(RichText, IsNotMadeOfATextWithTheMarksOfAFrame)
+{
+    for (const char16_t mark : {u'\xFDD0', u'\xFDD1'}) {
+        const QString text = QStringLiteral("ab%1cd").arg(QChar(mark));
+        EXPECT_EQ(CaptionText::richTextOf(text), text);
+    }
+}
+
 TEST(RichText, LeavesAloneWhatMayBeHtml)
 {
     for (const char *caption : {"", "<b>a</b>", "<html><body>a</body></html>", "a &lt; b"}) {
@@ -289,6 +305,15 @@ TEST(PlainText, EndsSoonForATableThatIsATrap)
     const std::string caption = CaptionText::plainTextOf(html).toStdString();
     EXPECT_LT(timer.elapsed(), 5000);
     EXPECT_EQ(withoutBlanks(caption), std::string(4000, 'x'));
+}
+
+TEST(PlainText, EndsSoonForATableOfEmptyRows)
+{
+    QElapsedTimer timer;
+    timer.start();
+    CaptionText::plainTextOf(
+        QStringLiteral("<html><table>") + QStringLiteral("<tr></tr>").repeated(100000) + QStringLiteral("<tr><td>x"));
+    EXPECT_LT(timer.elapsed(), 20000);
 }
 
 TEST(PlainText, EndsSoonForHtmlThatIsATrap)

@@ -368,7 +368,7 @@ void ProjectReader::end()
 void ProjectReader::skipUnknown()
 {
     m_report.warn(FilePlace::of(m_xml), m_xml.name().toString(), QStringLiteral("left out: it is not known here"));
-    m_xml.skipCurrentElement();
+    skipReservingIds();
 }
 
 void ProjectReader::skipDamaged(const QString &item, const QString &reason)

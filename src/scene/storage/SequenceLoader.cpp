@@ -153,19 +153,17 @@ void SequenceLoader::sortOut()
         std::stable_sort(m_blocks.begin(), m_blocks.end(), beginsBefore);
 
     QSet<qint64> told;
-    const auto isTold = [&told](const SC_Id &id) {
-        const qsizetype known = told.size();
-        told.insert(id.value());
-        return !id.isNull() && told.size() == known;
-    };
+    const auto isTold = [&told](const SC_Id &id) { return !id.isNull() && told.contains(id.value()); };
     const auto isRefused = [&](const Block &block) {
         if (block.kind == Kind::Empty)
             return false;
         QString conflict = conflictOf(block);
         if (conflict.isEmpty()) {
-            const bool objectIsTold = isTold(block.object);
-            if (!isTold(block.scene) && !objectIsTold)
+            if (!isTold(block.object) && !isTold(block.scene)) {
+                told.insert(block.object.value());
+                told.insert(block.scene.value());
                 return false;
+            }
             conflict = QStringLiteral("its scene is placed already");
         }
         refuse(block, conflict);

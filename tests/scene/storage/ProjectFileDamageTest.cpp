@@ -320,6 +320,15 @@ TEST(DamagedSequence, LeavesOutABlockThatOverlapsOrHasNoFrames)
     EXPECT_EQ(sequenceOf("<empty from='2147483647' frames='1'/>"), "    2147483647-2147483647 empty\n");
 }
 
+TEST(DamagedSequence, TakesNoIdFromABlockThatIsLeftOut)
+{
+    const std::string read = sequenceOf("<clip from='1' frames='5' object='100' scene='101'/>"
+                                        "<clip from='6' frames='5' object='102' scene='101'/>"
+                                        "<clip from='11' frames='5' object='102' scene='103'/>");
+    EXPECT_EQ(
+        read.substr(0, read.find("p.plotka")), "    1-5 object 100, scene 101\n    11-15 object 102, scene 103\n");
+}
+
 TEST(DamagedSequence, LeavesOutASceneThatIsPlacedAlready)
 {
     for (const char *again : {"object='3' scene='4'", "object='3' scene='5'", "object='5' scene='4'"}) {

@@ -136,6 +136,7 @@ TEST(ProjectFile, RaisesTheNextIdAboveEveryIdInIt)
         1101);
     EXPECT_EQ(nextId("<scene object='1' scene='2'><sounds name=''><sound id='1200' from='0'/></sounds></scene>"), 1201);
     EXPECT_EQ(nextId("<scene object='1' scene='2'/><scene object='1300'/>"), 1301);
+    EXPECT_EQ(nextId("<scene object='1' scene='2'/><later><sound id='1350'/></later>"), 1351);
     EXPECT_EQ(nextId("<scene object='1' scene='2'/><scene object='0' scene='1400'/>"), 1401);
     EXPECT_EQ(nextId("<scene object='1' scene='2'/><scene><sounds name=''><sound id='1500' from='1' to='1'/></sounds>"
                      "<metadata type='t'><t id='1600'/></metadata></scene>"),
