@@ -38,8 +38,9 @@ QString peopleText(const std::vector<Finding> &findings)
 {
     if (findings.empty())
         return CliText::tr("nothing found") + u'\n';
-    TextTable table({{CliText::tr("finding")}, {CliText::tr("item"), TextTable::Left, /*mayBeCut*/ true},
-        {CliText::tr("line"), TextTable::Right}, {CliText::tr("message")}});
+    // Nothing is cut: what is at the end of a text is what it is about.
+    TextTable table({{CliText::tr("finding")}, {CliText::tr("item")}, {CliText::tr("line"), TextTable::Right},
+        {CliText::tr("message")}});
     for (const Finding &finding : findings) {
         const QString line = finding.line ? QString::number(finding.line) : QString();
         table.addRow({finding.code, finding.item, line, finding.message});

@@ -5,7 +5,7 @@
 
 #include <vector>
 
-/// Rows of texts in aligned columns, two spaces apart, never wider than a given width: the columns that may be cut give way.
+/// Rows of texts in aligned columns, two spaces apart. Where they are wider than a given width, the columns that may be cut give way.
 class TextTable
 {
 public:

@@ -225,6 +225,7 @@ TEST_F(CheckCommand, TellsOfOptionsThatAreLeftOut)
     const QString file = folder.write(QStringLiteral("odd/odd.plotka"), content);
     const QByteArray output = runPlotka({QStringLiteral("check"), file}).output;
     EXPECT_EQ(output.count("damaged"), 3) << output.toStdString();
+    EXPECT_EQ(output.count(panelTitle().c_str()), 3) << output.toStdString();
     for (const char *told : {"the option \"a\"", "the option \"b\"", "\"type\" of the element \"option\""})
         EXPECT_TRUE(output.contains(told)) << output.toStdString();
 }

@@ -9,6 +9,9 @@
 namespace
 {
 
+// Asked for before main() makes an application.
+const QString nameWithoutApplication = whoami::progName();
+
 std::string timecode(unsigned int frame, unsigned int rate)
 {
     return UT_Format::formatFrame(frame, rate, true, 0).ToQString().toStdString();
@@ -91,6 +94,7 @@ TEST(Timecode, TakesRate0As1)
 
 TEST(Whoami, IsTheApplicationsNameElsePlotka)
 {
+    EXPECT_EQ(nameWithoutApplication, QStringLiteral("plotka"));
     const QString name = QCoreApplication::applicationName();
     QCoreApplication::setApplicationName(QStringLiteral("Cutter"));
     EXPECT_EQ(whoami::progName(), QStringLiteral("Cutter"));
