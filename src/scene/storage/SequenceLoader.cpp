@@ -106,6 +106,15 @@ void SequenceLoader::finish()
         }
         previous = stands ? &block : nullptr;
     }
+    // One that places the same has its turn when the first has found no room.
+    for (Block &block : m_doubled) {
+        block.cutFrom = block.from;
+        block.cutTo = block.to;
+        if (!conflictOf(block).isEmpty())
+            refuse(block, QStringLiteral("its scene is placed already"));
+        else if (insert(block))
+            m_blocks.push_back(block);
+    }
     // Edits kept the warps of slope 1; now they get their very numbers.
     for (Block &block : m_blocks) {
         if (block.warp && block.isWhole) {
@@ -145,7 +154,7 @@ QString SequenceLoader::conflictOf(const Transition &transition) const
                                            : belongsElsewhere(transition.id);
 }
 
-/// Puts the blocks in order and drops those that place something already placed.
+/// Puts the blocks in order; those that place something already placed go, and those that place the same wait.
 void SequenceLoader::sortOut()
 {
     const auto beginsBefore = [](const Block &a, const Block &b) { return a.from < b.from; };
@@ -157,16 +166,17 @@ void SequenceLoader::sortOut()
     const auto isRefused = [&](const Block &block) {
         if (block.kind == Kind::Empty)
             return false;
-        QString conflict = conflictOf(block);
-        if (conflict.isEmpty()) {
-            if (!isTold(block.object) && !isTold(block.scene)) {
-                told.insert(block.object.value());
-                told.insert(block.scene.value());
-                return false;
-            }
-            conflict = QStringLiteral("its scene is placed already");
+        const QString conflict = conflictOf(block);
+        const bool isDoubled = isTold(block.object) || isTold(block.scene);
+        if (conflict.isEmpty() && !isDoubled) {
+            told.insert(block.object.value());
+            told.insert(block.scene.value());
+            return false;
         }
-        refuse(block, conflict);
+        if (conflict.isEmpty())
+            m_doubled.push_back(block);
+        else
+            refuse(block, conflict);
         if (block.transition)
             refuse(*block.transition, QStringLiteral("the block it leads into was left out"));
         return true;

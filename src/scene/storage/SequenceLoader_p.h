@@ -73,5 +73,6 @@ private:
     TUSeqTimedValue &m_sequence;
     LoadReport &m_report;
     std::vector<Block> m_blocks;
+    std::vector<Block> m_doubled; // place what an earlier block places
     std::optional<Transition> m_pending;
 };

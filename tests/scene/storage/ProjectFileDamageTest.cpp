@@ -329,6 +329,14 @@ TEST(DamagedSequence, TakesNoIdFromABlockThatIsLeftOut)
         read.substr(0, read.find("p.plotka")), "    1-5 object 100, scene 101\n    11-15 object 102, scene 103\n");
 }
 
+TEST(DamagedSequence, PlacesASceneWhereItIsToldAgainWhenThereWasNoRoomBefore)
+{
+    const std::string read = sequenceOf("<empty from='1' frames='5'/><clip from='4' frames='10' object='3' scene='4'/>"
+                                        "<clip from='20' frames='10' object='3' scene='4'/>");
+    EXPECT_EQ(read.substr(0, read.find("p.plotka")), "    1-5 empty\n    20-29 object 3, scene 4\n");
+    EXPECT_NE(read.find("its frames overlap those of another block"), std::string::npos);
+}
+
 TEST(DamagedSequence, LeavesOutASceneThatIsPlacedAlready)
 {
     for (const char *again : {"object='3' scene='4'", "object='3' scene='5'", "object='5' scene='4'"}) {
