@@ -1,78 +1,24 @@
-#include "pdf/properties/PKC_PropertiedObject.h"
+#include "pdf/properties/PropertiedObjects.h"
 
-#include "pdf/properties/PKC_PropertyFromCaptionList.h"
 #include "pdf/properties/PKC_PropertyFromFile.h"
 #include "pdf/properties/PKC_PropertyFromList.h"
 #include "pdf/properties/PKC_PropertyFromRange.h"
-#include "pdf/properties/Samples.h"
-#include "support/Golden.h"
 #include "support/Warnings.h"
 
 #include <QDataStream>
-#include <QDomDocument>
 #include <QIODevice>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <functional>
+#include <list>
 #include <memory>
 
+using namespace PropertiedObjects;
 using testing::ElementsAre;
-using testing::IsEmpty;
 
 namespace
 {
-
-const QString kA = QStringLiteral("a");
-const QString kB = QStringLiteral("b");
-const QString kC = QStringLiteral("c");
-
-/// "name=value" of all properties in order.
-std::string textOf(const PKC_PropertiedObject &object)
-{
-    std::list<PKC_Property *> properties;
-    object.getAllProperties(properties);
-    QStringList parts;
-    for (const PKC_Property *property : properties)
-        parts += QStringLiteral("%1=%2").arg(property->name(), property->toString());
-    return parts.join(QLatin1Char(' ')).toStdString();
-}
-
-/// a=1 b=2 c=3, plain and without definition.
-std::unique_ptr<PKC_PropertiedObject> abc()
-{
-    auto object = std::make_unique<PKC_PropertiedObject>();
-    object->setProperty(kA, QVariant(1));
-    object->setProperty(kB, QVariant(2));
-    object->setProperty(kC, QVariant(3));
-    return object;
-}
-
-/// Does what the test says when it hears of something.
-class Listener : public PKC_PropertyObserver
-{
-public:
-    void onPropertyModified(PKC_Property *) override
-    {
-        if (whenModified)
-            whenModified();
-    }
-    void onPropertyDeleted(PKC_Property *) override
-    {
-        if (whenDeleted)
-            whenDeleted();
-    }
-
-    std::function<void()> whenModified;
-    std::function<void()> whenDeleted;
-};
-
-class Profile : public PKC_PropertiedObject
-{
-public:
-    QString nodeName() const override { return QStringLiteral("profile"); }
-};
 
 /// Has one more property than it owns.
 class WithOneMore : public PKC_PropertiedObject
@@ -86,23 +32,6 @@ public:
     }
     mutable PKC_Property extra{QStringLiteral("extra"), 9, nullptr};
 };
-
-bool loadInto(PKC_PropertiedObject &object, const QString &markup)
-{
-    QDomDocument document;
-    EXPECT_TRUE(document.setContent(markup)) << markup.toStdString();
-    QDomElement element = document.documentElement();
-    return object.load(element);
-}
-
-QString stored(const PKC_PropertiedObject &object)
-{
-    QDomDocument document;
-    QDomElement root = document.createElement(QStringLiteral("root"));
-    document.appendChild(root);
-    EXPECT_TRUE(object.store(document, root));
-    return document.toString(1);
-}
 
 } // namespace
 
@@ -464,244 +393,4 @@ TEST(PropertiedObject, IsCopiedByBuildingAnew)
     const PKC_PropertiedObject &self = copy;
     copy = self;
     EXPECT_EQ(textOf(copy), "a=1 b=2 c=3");
-}
-
-TEST(PropertiedObject, MayObserveItsOwnProperties)
-{
-    class Observing : public PKC_PropertiedObject
-    {
-    public:
-        void onPropertyModified(PKC_Property *property) override { heard += property->name(); }
-        void onPropertyDeleted(PKC_Property *) override { ++ended; }
-        QString heard;
-        int ended = 0;
-    };
-    Observing object;
-    object.registerObservable(object.addProperty(kA, QVariant(1), nullptr));
-    object.registerObservable(object.addProperty(kB, QVariant(1), nullptr));
-    object.setProperty(kB, QVariant(2));
-    object.setProperty(kA, QVariant(2));
-    EXPECT_EQ(object.heard, QStringLiteral("ba"));
-    const Observing copy(object);
-    object.clearProperties();
-    EXPECT_EQ(object.ended, 2);
-    EXPECT_EQ(copy.ended, 0);
-}
-
-TEST(PropertiedObject, MayBeChangedByThoseWhoHearOfIt)
-{
-    class Remover : public PKC_PropertyObserver
-    {
-    public:
-        explicit Remover(PKC_PropertiedObject &object) : m_object(object) {}
-        void onPropertyModified(PKC_Property *) override
-        {
-            m_object.removeProperty(kB);
-            m_object.removeProperty(kA);
-        }
-        void onPropertyDeleted(PKC_Property *) override { EXPECT_FALSE(m_object.exists(kA)); }
-
-    private:
-        PKC_PropertiedObject &m_object;
-    };
-    const auto object = abc();
-    Remover remover(*object);
-    remover.registerObservable(object->getProperty(kA));
-    const auto source = abc();
-    object->propertiesCopyFrom(source.get(), false);
-    EXPECT_EQ(textOf(*object), "c=3");
-
-    const auto loaded = abc();
-    Remover other(*loaded);
-    other.registerObservable(loaded->getProperty(kA));
-    EXPECT_TRUE(
-        loadInto(*loaded, QStringLiteral("<properties><a value='4'/><b value='5'/><c value='6'/></properties>")));
-    EXPECT_EQ(textOf(*loaded), "c=6");
-
-    const auto cleared = abc();
-    Remover last(*cleared);
-    last.registerObservable(cleared->getProperty(kA));
-    cleared->clearProperties();
-    EXPECT_EQ(textOf(*cleared), "");
-}
-
-TEST(PropertiedObject, TakesNothingMoreOnceItDies)
-{
-    auto object = abc();
-    Listener listener;
-    listener.registerObservable(object->getProperty(kA));
-    PKC_PropertiedObject *const dying = object.get();
-    int ended = 0;
-    Listener late;
-    late.whenDeleted = [&] { ++ended; };
-    listener.whenDeleted = [&] {
-        EXPECT_EQ(dying->addProperty(kA, QVariant(1), nullptr), nullptr);
-        dying->setProperty(kB, QVariant(1));
-        auto *const ready = new PKC_Property(kC);
-        late.registerObservable(ready);
-        EXPECT_EQ(dying->addProperty(ready), nullptr);
-        EXPECT_EQ(textOf(*dying), "");
-    };
-    object.reset();
-    EXPECT_EQ(ended, 1);
-}
-
-TEST(PropertiedObject, TellsWhenWhatWasAddedIsGoneAgain)
-{
-    auto object = abc();
-    Listener listener;
-    const auto added = [&](const std::function<void()> &whenDeleted) {
-        listener.whenDeleted = nullptr;
-        listener.registerObservable(object->addProperty(kA, QVariant(1), nullptr));
-        listener.whenDeleted = whenDeleted;
-        return object->addProperty(kA, QVariant(2), nullptr);
-    };
-    EXPECT_EQ(added([&] { object->removeProperty(kA); }), nullptr);
-    EXPECT_EQ(textOf(*object), "b=2 c=3");
-    EXPECT_EQ(added([&] { object->addProperty(kA, QVariant(3), nullptr); }), nullptr);
-    EXPECT_EQ(textOf(*object), "b=2 c=3 a=3");
-    const PKC_Property *stays = added([&] { object->removeProperty(kB); });
-    ASSERT_NE(stays, nullptr);
-    EXPECT_EQ(stays, object->getProperty(kA));
-    EXPECT_EQ(added([&] { object.reset(); }), nullptr);
-}
-
-TEST(PropertiedObject, MayBeDeletedByThoseWhoHearOfIt)
-{
-    Listener listener;
-    std::unique_ptr<PKC_PropertiedObject> object;
-    const auto watched = [&] {
-        object = abc();
-        listener.registerObservable(object->getProperty(kA));
-        return object.get();
-    };
-    listener.whenModified = [&] { object.reset(); };
-    EXPECT_FALSE(loadInto(*watched(), QStringLiteral("<properties><a value='4'/><b value='5'/></properties>")));
-    EXPECT_EQ(object, nullptr);
-    EXPECT_FALSE(loadInto(*watched(), QStringLiteral("<properties><a value='4'/></properties>")));
-    auto source = abc();
-    watched()->propertiesCopyFrom(source.get(), true);
-    EXPECT_EQ(object, nullptr);
-
-    listener.whenModified = nullptr;
-    listener.whenDeleted = [&] { object.reset(); };
-    watched()->propertiesSetFrom(source.get());
-    EXPECT_EQ(object, nullptr);
-    listener.whenDeleted = [&] { source.reset(); };
-    watched()->propertiesSetFrom(source.get());
-    EXPECT_EQ(textOf(*object), "");
-}
-
-TEST(PropertiedObject, IsNotSetFromItsOwnPropertiesByAnother)
-{
-    class Showing : public PKC_PropertiedObject
-    {
-    public:
-        explicit Showing(const PKC_PropertiedObject &shown) : m_shown(shown) {}
-        using PKC_PropertiedObject::getAllProperties;
-        void getAllProperties(std::list<PKC_Property *> &properties) const override
-        {
-            m_shown.getAllProperties(properties);
-            PKC_PropertiedObject::getAllProperties(properties);
-        }
-
-    private:
-        const PKC_PropertiedObject &m_shown;
-    };
-    const auto object = abc();
-    Listener listener;
-    int heard = 0;
-    listener.whenModified = [&] { ++heard; };
-    listener.registerObservable(object->getProperty(kA));
-    Showing showing(*object);
-    showing.setProperty(QStringLiteral("d"), QVariant(4));
-    object->propertiesCopyFrom(&showing, true);
-    EXPECT_EQ(heard, 0);
-    EXPECT_EQ(textOf(*object), "a=1 b=2 c=3 d=4");
-}
-
-TEST(PropertiedObject, LoadsByThePropertiesItHas)
-{
-    const auto object = abc();
-    object->setProperty(QStringLiteral("t"), QVariant(QStringLiteral("old")));
-    EXPECT_TRUE(loadInto(*object,
-        QStringLiteral("<properties><!-- c --><unknown value='1'/>text<c value='30'/><a value='ten'/><x><b "
-                       "value='9'/></x><t value='12'/></properties>")));
-    EXPECT_EQ(textOf(*object), "a=0 b=2 c=30 t=12");
-    EXPECT_TRUE(loadInto(*object, QStringLiteral("<properties/>")));
-    EXPECT_EQ(textOf(*object), "a=0 b=2 c=30 t=12");
-}
-
-TEST(PropertiedObject, LoadsNothingFromAnElementOfAnotherName)
-{
-    const auto object = abc();
-    for (const char *name : {"Properties", "profile", "a"})
-        EXPECT_FALSE(loadInto(*object, QStringLiteral("<%1><a value='9'/></%1>").arg(QString::fromLatin1(name))));
-    EXPECT_EQ(textOf(*object), "a=1 b=2 c=3");
-    Profile profile;
-    profile.setProperty(kA, QVariant(1));
-    EXPECT_FALSE(loadInto(profile, QStringLiteral("<properties><a value='9'/></properties>")));
-    EXPECT_TRUE(loadInto(profile, QStringLiteral("<profile><a value='9'/></profile>")));
-    EXPECT_EQ(textOf(profile), "a=9");
-}
-
-TEST(PropertiedObject, StopsLoadingAtAPropertyThatRefuses)
-{
-    Warnings warnings;
-    const auto object = abc();
-    object->addPropertyFromRange(kB, 5, 0, 10, nullptr);
-    EXPECT_FALSE(
-        loadInto(*object, QStringLiteral("<properties><a value='7'/><b value='-7'/><c value='7'/></properties>")));
-    EXPECT_THAT(
-        warnings.taken(), ElementsAre("Invalid PKC_PropertyFromRange, out of range (lower). Init value to min."));
-    EXPECT_EQ(textOf(*object), "a=7 b=5 c=3");
-}
-
-TEST(PropertiedObject, StopsLoadingAtAReadOnlyPropertyAndAtOneWithoutType)
-{
-    for (const bool isReadOnly : {true, false}) {
-        Warnings warnings;
-        const auto object = abc();
-        object->addProperty(kB, isReadOnly ? QVariant(5) : QVariant(), kA, kA, isReadOnly, false);
-        const QString markup = stored(*object);
-        EXPECT_EQ(warnings.taken().size(), isReadOnly ? 0u : 1u);
-        object->setProperty(kA, QVariant(10));
-        object->setProperty(kC, QVariant(30));
-        QDomDocument document;
-        ASSERT_TRUE(document.setContent(markup));
-        QDomElement element = document.documentElement().firstChildElement();
-        EXPECT_FALSE(object->load(element));
-        EXPECT_THAT(warnings.taken(),
-            ElementsAre(isReadOnly ? "Could not change value of property b, property is read only"
-                                   : "Cannot convert property of type  from string = ."));
-        EXPECT_EQ(textOf(*object), isReadOnly ? "a=1 b=5 c=30" : "a=1 b= c=30");
-    }
-}
-
-TEST(PropertiedObject, StoresItsPropertiesInOrder)
-{
-    Warnings warnings;
-    Profile profile;
-    int number = 0;
-    for (const SampleValue &sample : sampleValues())
-        profile.setProperty(QStringLiteral("p%1").arg(40 - number++), sample.value);
-    profile.setProperty(QStringLiteral("no name"), QVariant(1));
-    const QString markup = stored(profile);
-    EXPECT_THAT(warnings.taken(), ElementsAre("Could not store property no name, no element can be named so"));
-    expectGolden("properties.xml", markup.toStdString());
-
-    Profile again;
-    number = 0;
-    for (const SampleValue &sample : sampleValues())
-        again.setProperty(QStringLiteral("p%1").arg(40 - number++), QVariant(sample.value.metaType()));
-    QDomDocument document;
-    ASSERT_TRUE(document.setContent(markup));
-    QDomElement element = document.documentElement().firstChildElement();
-    EXPECT_TRUE(again.load(element));
-    EXPECT_EQ(stored(again), markup);
-}
-
-TEST(PropertiedObject, StoresNothingAsAnEmptyElement)
-{
-    EXPECT_EQ(stored(PKC_PropertiedObject()).simplified().toStdString(), "<root> <properties/> </root>");
 }
