@@ -5,17 +5,23 @@
 #include "scene/network/MO_ElementModule.h"
 #include "scene/network/TUGroup.h"
 #include "scene/session/SC_Project.h"
+#include "scene/session/SC_ProjectCommon.h"
 #include "scene/session/TUScene.h"
 #include "scene/timeline/AT_TimeWarpSeq.h"
+#include "scene/timeline/AT_TransitionSeq.h"
 #include "tracking/PKC_SceneChangeManager.h"
 
 #include <algorithm>
 #include <cstdlib>
 #include <iterator>
 #include <map>
+#include <utility>
 
 namespace
 {
+
+constexpr unsigned int longestPanel = 30;
+constexpr unsigned int transitionFrames = longestPanel + 2;
 
 /// A measurement of anything else than what was meant is worse than none.
 void must(bool done)
@@ -31,11 +37,12 @@ std::vector<unsigned int> BigProject::panelLengths(unsigned int panels)
     std::vector<unsigned int> lengths;
     lengths.reserve(panels);
     for (unsigned int i = 0; i < panels; ++i)
-        lengths.push_back(6 + (i * 2654435761u >> 16) % 25);
+        lengths.push_back(6 + (i * 2654435761u >> 16) % (longestPanel - 5));
     return lengths;
 }
 
-BigProject::BigProject(unsigned int panels) : m_session(PKC_SessionContext::createSessionContext(nullptr, nullptr))
+BigProject::BigProject(unsigned int panels, Joints joints) :
+    m_session(PKC_SessionContext::createSessionContext(nullptr, nullptr)), m_joints(joints)
 {
     m_session->newProject(QStringLiteral("/nowhere"), QStringLiteral("big"));
     const std::vector<unsigned int> lengths = panelLengths(panels);
@@ -51,12 +58,12 @@ BigProject::~BigProject()
     m_session->releaseProject();
 }
 
-BigProject &BigProject::ofSize(unsigned int panels)
+BigProject &BigProject::ofSize(unsigned int panels, Joints joints)
 {
-    static std::map<unsigned int, std::unique_ptr<BigProject>> made;
-    std::unique_ptr<BigProject> &project = made[panels];
+    static std::map<std::pair<unsigned int, Joints>, std::unique_ptr<BigProject>> made;
+    std::unique_ptr<BigProject> &project = made[{panels, joints}];
     if (!project)
-        project = std::make_unique<BigProject>(panels);
+        project = std::make_unique<BigProject>(panels, joints);
     return *project;
 }
 
@@ -68,20 +75,29 @@ void BigProject::addShot(const std::vector<unsigned int> &lengths, std::size_t f
     shot->getRootGroup()->addNode(layer);
     panels->linkNode(layer.get());
 
+    // The first panel begins so much earlier, over the end of the shot before.
+    const unsigned int overlap = m_joints == Joints::Transitions && firstPanel != 0 ? transitionFrames : 0;
     unsigned int next = 1;
     for (std::size_t i = firstPanel; i < std::min<std::size_t>(firstPanel + panelsPerShot, lengths.size()); ++i) {
+        const unsigned int length = lengths[i] + (i == firstPanel ? overlap : 0);
         const TUScene *panel = scenes().addScene();
-        must(panels->insertBlock(next, lengths[i], new AT_TimeWarpSeq(panel, 1.0, double(lengths[i]))));
+        must(panels->insertBlock(next, length, new AT_TimeWarpSeq(panel, 1.0, double(length))));
         m_panelIds.push_back(panel->objectId());
-        next += lengths[i];
+        next += length;
     }
 
     auto *const top = static_cast<TUScene *>(scenes().sceneAt(0));
     auto *const timeline = static_cast<TUSeqTimedValue *>(top->timedValues().front());
-    must(timeline->insertBlock(m_frameCount + 1, next - 1, new AT_TimeWarpSeq(shot, 1.0, double(next - 1))));
+    const unsigned int cut = m_frameCount + 1;
+    const unsigned int frames = next - 1 - overlap;
+    must(timeline->insertBlock(cut, frames, new AT_TimeWarpSeq(shot, 1.0, double(frames))));
+    if (overlap != 0) {
+        const SC_Id id = scenes().projectCommon()->createId();
+        must(timeline->insertTransition(cut, overlap, 0, new AT_TransitionSeq(id, AT_TransitionSeq::Dissolve)));
+    }
     m_shots.push_back(panels);
-    m_shotFirstFrames.push_back(m_frameCount + 1);
-    m_frameCount += next - 1;
+    m_shotFirstFrames.push_back(cut - overlap);
+    m_frameCount += frames;
 
     m_shotNames.push_back(QStringLiteral("S_%1").arg(m_shots.size(), 5, 10, QLatin1Char('0')));
     PKC_SceneInfo *const info = PIO_MetadataAccess<PKC_SceneInfo>(shot->metadatas(), QString()).getOrCreate();

@@ -7,19 +7,23 @@
 #include <memory>
 #include <vector>
 
-/// A project of many panels in shots of ten, without gaps or transitions, made through the scene layer.
+/// A project of many panels in shots of ten, without gaps, made through the scene layer.
 class BigProject
 {
 public:
     static constexpr unsigned int panelsPerShot = 10;
 
+    /// How one shot leads to the next: at a cut, or through a transition so long that the last panel of the one begins
+    /// inside it.
+    enum class Joints { Cuts, Transitions };
+
     /// Lengths in frames of a timeline's panels, in order: 6 to 30, the same in every run.
     static std::vector<unsigned int> panelLengths(unsigned int panels);
 
-    explicit BigProject(unsigned int panels);
+    explicit BigProject(unsigned int panels, Joints joints = Joints::Cuts);
     ~BigProject();
     /// The one of that size, made when first asked for. All sizes stay, so that runs may alternate between them.
-    static BigProject &ofSize(unsigned int panels);
+    static BigProject &ofSize(unsigned int panels, Joints joints = Joints::Cuts);
 
     PKC_PlotkaProject &project() const { return *m_session->plotkaProject(); }
     SC_Project &scenes() const { return *m_session->project(); }
@@ -43,6 +47,7 @@ private:
     void addShot(const std::vector<unsigned int> &lengths, std::size_t firstPanel);
 
     std::unique_ptr<PKC_SessionContext> m_session;
+    Joints m_joints;
     std::vector<SC_Id> m_panelIds;
     std::vector<QString> m_shotNames;
     std::vector<TUSeqTimedValue *> m_shots;

@@ -21,6 +21,8 @@ ROWS = [
     ("full walk", None, None, 1.15),
     ("full walk", "MLT: full walk", None, None),
     ("shot by name", None, None, None),
+    ("panels of a shot, transitions", "panels of a shot", 2, 0.15),
+    ("counterpart in a shot, transitions", "counterpart in a shot", 2, 0.15),
     ("roll and query", None, None, 0.15),
     ("roll and query", "MLT: roll and query", None, None),
     ("roll and query after a walk", None, None, None),

@@ -31,6 +31,19 @@ std::size_t blockCount(const PKC_PlotkaProject *project, const Panel_t &)
     return count;
 }
 
+bool leadsOn(const Shot_t &from, const Shot_t &to)
+{
+    return to.firstFrame() > from.firstFrame();
+}
+
+// By blocks, not by project frames: the last panel of a shot may begin inside a transition, after the first panel of
+// the next shot does.
+bool leadsOn(const Panel_t &from, const Panel_t &to)
+{
+    return from.shot() == to.shot() ? to.frameBlock().fromFrame() > from.frameBlock().fromFrame()
+                                    : leadsOn(from.shot(), to.shot());
+}
+
 } // namespace
 
 template <typename T>
@@ -48,8 +61,7 @@ template <typename T>
 void TimelineWalk<T>::step()
 {
     const T next = m_project && ++m_steps < m_bound ? m_project->next(m_current) : T();
-    const bool leadsOn = next.firstFrame() > m_current.firstFrame();
-    if (!leadsOn && next.isValid() && m_bound == std::numeric_limits<std::size_t>::max())
+    if (next.isValid() && m_bound == std::numeric_limits<std::size_t>::max() && !leadsOn(m_current, next))
         m_bound = blockCount(m_project, next);
     m_current = m_steps < m_bound ? next : T();
 }

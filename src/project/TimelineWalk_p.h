@@ -13,7 +13,7 @@ namespace Plotka
 /// The shots or panels of a project from the first on, or from a given one.
 ///
 /// A damaged timeline could lead a walk in circles: it ends after as many steps as there are blocks. They are
-/// counted once a step does not lead on.
+/// counted once a step does not lead to a later block, as every step of a sound timeline does.
 template <typename T>
 class TimelineWalk
 {
