@@ -70,6 +70,7 @@ protected:
     void queueNodeChanged();
 
 private:
+    friend class AT_BoolAttr;
     friend class TUGroup;
 
     void queueChangeApplied();

@@ -2,7 +2,7 @@
 
 MO_UnconnectedCompositeModule::MO_UnconnectedCompositeModule(SC_SceneCommon *sceneCommon) :
     MO_Module(sceneCommon, Keyword(), QStringLiteral("Unconnected_Composite")),
-    m_firstAttribute(std::make_unique<AT_BoolAttr>())
+    m_firstAttribute(std::make_unique<AT_BoolAttr>(*this))
 {
 }
 

@@ -191,7 +191,7 @@ TEST_F(Node, CarriesTheKeywordOfItsKind)
     EXPECT_NE(MO_ElementModule::Keyword(), TUGroup::Keyword());
 }
 
-TEST_F(Node, OfTheUnconnectedCompositeHasAYesOrNoThatChangesNothing)
+TEST_F(Node, OfTheUnconnectedCompositeHasAYesOrNoThatChangesTheNodeAndNothingElse)
 {
     EXPECT_EQ(scene->unconnectedComposite(), nullptr);
     MO_UnconnectedCompositeModule *const composite = scene->addUnconnectedComposite();
@@ -200,11 +200,17 @@ TEST_F(Node, OfTheUnconnectedCompositeHasAYesOrNoThatChangesNothing)
     AT_Attr *const first = composite->firstAttribute();
     ASSERT_NE(first, nullptr);
     EXPECT_FALSE(composite->firstAttribute()->value());
+    EXPECT_EQ(news.told(), "");
     first->setBool(true);
     EXPECT_TRUE(composite->firstAttribute()->value());
+    EXPECT_EQ(news.told(), "nodesChanged{Unconnected_Composite} nodeChangeApplied{Unconnected_Composite}");
+    first->setBool(true);
+    EXPECT_EQ(news.told(), "");
+    first->setBool(false);
+    EXPECT_FALSE(composite->firstAttribute()->value());
+    EXPECT_EQ(news.told(), "nodesChanged{Unconnected_Composite} nodeChangeApplied{Unconnected_Composite}");
     EXPECT_EQ(composite->getParentNode(), nullptr);
     EXPECT_EQ(composition(*group), "");
-    EXPECT_EQ(news.told(), "");
     AT_DrawingAttr drawing;
     drawing.setBool(true); // no yes or no: ignored
     EXPECT_EQ(drawing.linkedTimedValue(), nullptr);
