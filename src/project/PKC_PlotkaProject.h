@@ -241,7 +241,8 @@ public:
     unsigned int shotCount() const;
     unsigned int panelCount() const;
     unsigned int transCount() const;
-    /// The panels that end within the range that the shot's time warp shows; 0 without one.
+    /// The panels that end within the range that the shot's time warp shows; 0 without one, and when either end of the
+    /// range lies before frame 1.
     unsigned int panelCount(const Plotka::Shot_t &shot) const;
     /// The last frame of the last shot.
     unsigned int getNumOfFrames() const;

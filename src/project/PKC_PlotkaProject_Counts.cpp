@@ -60,11 +60,14 @@ unsigned int PKC_PlotkaProject::panelCount(const Shot_t &shot) const
     const AT_TimeWarpSeq *warp = AT_TimeWarpSeq::toTimeWarp(shotBlock.seq());
     if (!panels || !warp)
         return 0;
-    const unsigned int firstFrame = UT_Numbers::toFrame(warp->start);
-    const unsigned int lastFrame = UT_Numbers::toFrame(warp->end);
-    const auto begin = panels->blockIteratorAt(firstFrame);
-    const auto end = std::find_if(
-        begin, panels->endBlock(), [lastFrame](const AT_FrameBlock &block) { return block.toFrame() > lastFrame; });
+    // Signed, unlike other frames: before frame 1 there is no panel to begin with, and none that ends there.
+    const int firstFrame = UT_Numbers::toInt(warp->start);
+    const int lastFrame = UT_Numbers::toInt(warp->end);
+    if (firstFrame < 1)
+        return 0;
+    const auto begin = panels->blockIteratorAt(static_cast<unsigned int>(firstFrame));
+    const auto end = std::find_if(begin, panels->endBlock(),
+        [lastFrame](const AT_FrameBlock &block) { return qint64(block.toFrame()) > lastFrame; });
     return static_cast<unsigned int>(end - begin);
 }
 

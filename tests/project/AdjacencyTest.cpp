@@ -192,6 +192,25 @@ TEST_P(Conversion, CountsThePanelsThatEndWithinTheTimeWarp)
     EXPECT_EQ(board->panelCount(Shot_t()), 0u);
 }
 
+TEST_P(Conversion, CountsNoPanelOfATimeWarpThatBeginsOrEndsBeforeFrameOne)
+{
+    Storyboard board("A(10,10)", GetParam());
+    const Shot_t shot = board->getShotByNdx(0);
+    const auto countShown = [&](double start, double end) {
+        EXPECT_TRUE(board.setShotWarp(0, start, end));
+        return board->panelCount(shot);
+    };
+    EXPECT_EQ(countShown(1.0, 20.0), 2u);
+    EXPECT_EQ(countShown(1.0, 1e300), 2u);
+    EXPECT_EQ(countShown(1.0, 0.0), 0u);
+    EXPECT_EQ(countShown(1.0, -1.0), 0u);
+    EXPECT_EQ(countShown(1.0, -4294967290.0), 0u);
+    EXPECT_EQ(countShown(1.0, -1e300), 0u);
+    EXPECT_EQ(countShown(0.0, 20.0), 0u);
+    EXPECT_EQ(countShown(-1.0, 20.0), 0u);
+    EXPECT_EQ(countShown(-4294967295.0, 20.0), 0u);
+}
+
 TEST(Conversion, ReadsARememberedSceneThatNowStandsElsewhereAsNotFound)
 {
     Storyboard board("A(10,10)");
