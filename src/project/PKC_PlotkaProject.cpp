@@ -91,6 +91,7 @@ TUSeqTimedValue *PKC_PlotkaProject::topMainTv() const
 {
     if (TUSeqTimedValue *known = d->topMainTv.get())
         return known;
+    d->caches = TimelineCaches(); // of a timeline that has gone; those by scene are filled with the caches off as well
     const TUScene *top = topScene();
     if (!top)
         return nullptr;

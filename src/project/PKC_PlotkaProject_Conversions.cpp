@@ -29,7 +29,7 @@ T verified(const T &found, const SC_SceneCommon *scene)
 
 Panel_t PKC_PlotkaProject::sceneCommonToPanel(const SC_SceneCommon *scene) const
 {
-    if (!scene)
+    if (!scene || !topMainTv()) // a timeline chosen anew drops what is remembered
         return Panel_t();
     if (d->cacheOn && !d->caches.panelOfScene.isEmpty()) {
         const auto id = d->caches.panelOfScene.constFind(scene);
@@ -50,7 +50,7 @@ Panel_t PKC_PlotkaProject::sceneCommonToPanel(const SC_SceneCommon *scene) const
 
 Shot_t PKC_PlotkaProject::sceneCommonToShot(const SC_SceneCommon *scene) const
 {
-    if (!scene)
+    if (!scene || !topMainTv())
         return Shot_t();
     // Remembered with the caches off as well.
     if (!d->caches.shotOfScene.isEmpty()) {

@@ -28,6 +28,8 @@ unsigned int countOf(TimelineWalk<T> walk)
 
 unsigned int PKC_PlotkaProject::shotCount() const
 {
+    if (!topMainTv()) // first: a timeline chosen anew drops what is remembered
+        return 0;
     if (!d->cacheOn || d->caches.shotCount == 0)
         d->caches.shotCount = countOf(ShotWalk(this));
     return d->caches.shotCount;
@@ -35,6 +37,8 @@ unsigned int PKC_PlotkaProject::shotCount() const
 
 unsigned int PKC_PlotkaProject::panelCount() const
 {
+    if (!topMainTv())
+        return 0;
     if (!d->cacheOn || d->caches.panelCount == 0)
         d->caches.panelCount = countOf(PanelWalk(this));
     return d->caches.panelCount;
@@ -42,6 +46,8 @@ unsigned int PKC_PlotkaProject::panelCount() const
 
 unsigned int PKC_PlotkaProject::transCount() const
 {
+    if (!topMainTv())
+        return 0;
     if (d->cacheOn && d->caches.transCount != 0)
         return d->caches.transCount;
     unsigned int count = 0;

@@ -173,10 +173,12 @@ Panel_t PKC_PlotkaProject::getPanelIn(const Shot_t &shot, const Panel_t &panel, 
 
 Trans_t PKC_PlotkaProject::getTransAt(unsigned int frame) const
 {
+    const TUSeqTimedValue *timeline = topMainTv(); // first, as in getShotAt
+    if (!timeline)
+        return Trans_t();
     if (TransPrivate *const known = d->caches.transitions.byFrame.findAt(frame, /*earliest*/ true))
         return Trans_t(known);
-    const TUSeqTimedValue *timeline = topMainTv();
-    if (!timeline || timeline->blockCountAt(frame) <= 1)
+    if (timeline->blockCountAt(frame) <= 1)
         return Trans_t();
     const AT_FrameBlock &block = timeline->blockAt(frame);
     const AT_TransitionSeq *transition = AT_TransitionSeq::toTransition(block.seq());

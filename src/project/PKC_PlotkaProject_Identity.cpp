@@ -24,6 +24,8 @@ T objectAfter(TimelineWalk<T> walk, unsigned int steps)
 
 Shot_t PKC_PlotkaProject::getShotByID(const SC_Id &id) const
 {
+    if (!topMainTv()) // first: a timeline chosen anew drops what is remembered
+        return Shot_t();
     if (ShotPrivate *const known = d->caches.shots.find(id))
         return Shot_t(known);
     for (ShotWalk walk(this); !walk.isAtEnd(); walk.step()) {
@@ -35,6 +37,8 @@ Shot_t PKC_PlotkaProject::getShotByID(const SC_Id &id) const
 
 Panel_t PKC_PlotkaProject::getPanelByID(const SC_Id &id) const
 {
+    if (!topMainTv()) // first, as for shots
+        return Panel_t();
     if (PanelPrivate *const *known = d->caches.panels.find(id))
         return Panel_t(*known);
     for (PanelWalk walk(this); !walk.isAtEnd(); walk.step()) {
@@ -46,6 +50,8 @@ Panel_t PKC_PlotkaProject::getPanelByID(const SC_Id &id) const
 
 Trans_t PKC_PlotkaProject::getTransByID(const SC_Id &id) const
 {
+    if (!topMainTv())
+        return Trans_t();
     if (TransPrivate *const known = d->caches.transitions.find(id))
         return Trans_t(known);
     for (auto transition = beginTrans(); transition != endTrans(); ++transition) {
