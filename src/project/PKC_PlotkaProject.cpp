@@ -38,7 +38,7 @@ TUScene *PKC_PlotkaProject::Private::topScene() const
 
 TUScene *PKC_PlotkaProject::Private::sceneOf(const AT_FrameBlock &block) const
 {
-    return sceneOfBlock(project->projectCommon()->sceneManager(), block);
+    return project ? sceneOfBlock(project->projectCommon()->sceneManager(), block) : nullptr;
 }
 
 Shot_t PKC_PlotkaProject::Private::shotOf(const AT_FrameBlock &block, const TUSeqTimedValue *timeline)
@@ -175,9 +175,10 @@ void PKC_PlotkaProject::onTimedValuesChanged(const TUTvSet &changed)
 }
 
 PKC_PlotkaProject::CacheActivator::CacheActivator(PKC_PlotkaProject *project) :
-    m_project(project), m_previous(project->cacheEnabled())
+    m_project(project), m_previous(project && project->cacheEnabled())
 {
-    m_project->setCacheEnabled(true);
+    if (m_project)
+        m_project->setCacheEnabled(true);
 }
 
 PKC_PlotkaProject::CacheActivator::~CacheActivator()
@@ -187,9 +188,10 @@ PKC_PlotkaProject::CacheActivator::~CacheActivator()
 }
 
 PKC_PlotkaProject::CacheDesactivator::CacheDesactivator(PKC_PlotkaProject *project) :
-    m_project(project), m_previous(project->cacheEnabled())
+    m_project(project), m_previous(project && project->cacheEnabled())
 {
-    m_project->setCacheEnabled(false);
+    if (m_project)
+        m_project->setCacheEnabled(false);
 }
 
 PKC_PlotkaProject::CacheDesactivator::~CacheDesactivator()
@@ -200,6 +202,8 @@ PKC_PlotkaProject::CacheDesactivator::~CacheDesactivator()
 
 PKC_PlotkaProject::LockHelper::LockHelper(PKC_PlotkaProject *project) : m_project(project)
 {
+    if (!m_project)
+        return;
     m_project->d->mutex.lock();
     m_project->d->locked = true;
 }

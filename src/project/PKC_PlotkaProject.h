@@ -53,7 +53,8 @@ public:
     /// Where a transition lets two shots cover one frame: the shot before it, or the shot after it.
     enum ResolutionPriority { ResolveBackward = 0, ResolveForward = 1 };
 
-    /// Shares in the ownership of @p project and walks all its panels once.
+    /// Shares in the ownership of @p project and walks all its panels once. Over null, every question is answered as for
+    /// an empty timeline.
     explicit PKC_PlotkaProject(SC_Project *project);
     ~PKC_PlotkaProject() override;
 
@@ -81,7 +82,7 @@ public:
     /// True for an id that was no panel's at the last save.
     bool isNewPanelIds(SC_Id id) const;
 
-    /// Switches the caches on for a scope and puts the previous value back.
+    /// Switches the caches on for a scope and puts the previous value back. Null does nothing.
     class PLOTKA_EXPORT CacheActivator
     {
     public:
@@ -94,7 +95,7 @@ public:
         bool m_previous;
     };
 
-    /// Switches the caches off for a scope and puts the previous value back.
+    /// Switches the caches off for a scope and puts the previous value back. Null does nothing.
     class PLOTKA_EXPORT CacheDesactivator
     {
     public:
@@ -108,7 +109,7 @@ public:
     };
 
     /// Holds the project's mutex for a scope. It serves callers alone: no question here takes or checks it,
-    /// and it is not recursive.
+    /// and it is not recursive. Null does nothing.
     class PLOTKA_EXPORT LockHelper
     {
     public:

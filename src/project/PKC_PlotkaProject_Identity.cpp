@@ -154,7 +154,7 @@ Shot_t PKC_PlotkaProject::getShotByName(const QString &name, const QString &sequ
 
 std::list<SC_Id> PKC_PlotkaProject::panelsIdBetween(const Panel_t &a, const Panel_t &b, bool inclusive) const
 {
-    if (a.isInvalid() || b.isInvalid() || (a == b && !inclusive))
+    if (a.isInvalid() || b.isInvalid() || (a == b && !inclusive) || !topMainTv())
         return {};
     const Panel_t end = inclusive ? next(b) : b;
     std::list<SC_Id> ids;

@@ -14,6 +14,7 @@
 
 #include <QMutex>
 
+#include <atomic>
 #include <set>
 
 struct PKC_PlotkaProject::Private {
@@ -44,8 +45,8 @@ struct PKC_PlotkaProject::Private {
     bool cacheOn = true;
     Plotka::TimelineCaches caches;
     std::set<SC_Id> savedPanelIds;
-    QMutex mutex; // taken by LockHelper alone
-    bool locked = false;
+    QMutex mutex;                     // taken by LockHelper alone
+    std::atomic<bool> locked = false; // read without the mutex, by any thread
 
     // In the order in which they are made.
     Plotka::RecordAccesses<PKC_ReferenceToolData, PKC_DeletedPanels, PKC_ProjectLinkInfo> projectRecords;

@@ -72,16 +72,6 @@ TEST(ProjectContainer, HasNoRecordThatWasTakenAway)
     EXPECT_NE(board->projectLinkInfo(), nullptr);
 }
 
-TEST(ProjectContainer, OfNoProjectHasNoRecords)
-{
-    const PKC_PlotkaProject project(nullptr);
-    EXPECT_EQ(project.referenceToolData(), nullptr);
-    EXPECT_EQ(project.deletedPanels(), nullptr);
-    EXPECT_EQ(project.projectLinkInfo(), nullptr);
-    EXPECT_EQ(project.projectCompatibility(), nullptr);
-    EXPECT_EQ(project.namingRules(), nullptr);
-}
-
 TEST(ProjectContainer, FollowsTheProjectsNewName)
 {
     Storyboard board("A(4)");
@@ -102,31 +92,6 @@ TEST(ProjectContainer, SharesInTheOwnershipOfTheSceneProject)
     EXPECT_EQ(second->topScene(), top.get());
     second.reset();
     EXPECT_EQ(top.get(), nullptr);
-}
-
-TEST(ProjectContainer, IsEmptyOverAProjectWithoutScenesOrWithoutTimedValues)
-{
-    SC_Project *const scenes = newSceneProject("empty");
-    PKC_PlotkaProject project(scenes);
-    for (int road = 0; road < 2; ++road) {
-        EXPECT_EQ(project.topMainTv(), nullptr);
-        EXPECT_EQ(project.shotCount(), 0u);
-        EXPECT_EQ(project.panelCount(), 0u);
-        EXPECT_EQ(project.transCount(), 0u);
-        EXPECT_EQ(project.getNumOfFrames(), 0u);
-        EXPECT_EQ(project.getNumOfAudioFrames(true), 0u);
-        EXPECT_EQ(project.getShotNdx(Shot_t()), PKC_PlotkaProject::invalidNdx);
-        EXPECT_TRUE(project.getShotAt(1, PKC_PlotkaProject::ResolveBackward, true, true).isInvalid());
-        EXPECT_TRUE(project.getPanelAt(1, PKC_PlotkaProject::ResolveForward, true, false).isInvalid());
-        EXPECT_TRUE(project.getTransAt(1).isInvalid());
-        EXPECT_TRUE(project.getSpaceAt(1).isInvalid());
-        EXPECT_TRUE(project.getPanelByID(SC_Id(1)).isInvalid());
-        EXPECT_TRUE(project.first(Shot_t()).isInvalid());
-        EXPECT_TRUE(project.last(Panel_t()).isInvalid());
-        EXPECT_TRUE(project.isNewPanelIds(SC_Id(1)));
-        scenes->addScene(); // a top scene without a timed value answers alike
-    }
-    EXPECT_NE(project.topScene(), nullptr);
 }
 
 TEST(ProjectContainer, LivesWithoutAChangeManager)
@@ -206,11 +171,6 @@ TEST(ProjectLock, IsHeldForItsScope)
         EXPECT_EQ(board->shotCount(), 0u); // no question takes or checks it
     }
     EXPECT_FALSE(PKC_PlotkaProject::LockHelper::isLocked(&board.project()));
-}
-
-TEST(ProjectLock, OfNoProjectIsNotHeld)
-{
-    EXPECT_FALSE(PKC_PlotkaProject::LockHelper::isLocked(nullptr));
 }
 
 TEST(ProjectLock, IsWaitedForByAnotherThread)
