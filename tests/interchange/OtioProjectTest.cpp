@@ -104,13 +104,14 @@ TEST(OtioProject, TakesNamesAsGivenAndLeavesTheOthersToBeMadeUp)
 
 TEST(OtioProject, DropsCharactersThatNoFileHolds)
 {
-    const QString bad = QStringLiteral("a\u0001b") + QChar(0xD800) + QStringLiteral("\U0001F422");
+    const QString bad =
+        QStringLiteral("a\u0001b") + QChar(0xD800) + QChar(0xFFFE) + QChar(0xFFFF) + QStringLiteral("\uFFFD\U0001F422");
     const QJsonObject names = with({}, "act", bad);
     const QJsonObject shot = with(with(clip("", 5), "name", bad), "metadata", with({}, "plotka", names));
     const QByteArray text = QJsonDocument(timeline({track({shot})})).toJson();
     const ImportedCut cut(text);
-    EXPECT_EQ(cut.project().getShotByNdx(0).name(), QStringLiteral("ab\U0001F422"));
-    EXPECT_EQ(cut.project().getShotByNdx(0).actName(), QStringLiteral("ab\U0001F422"));
+    EXPECT_EQ(cut.project().getShotByNdx(0).name(), QStringLiteral("ab\uFFFD\U0001F422"));
+    EXPECT_EQ(cut.project().getShotByNdx(0).actName(), QStringLiteral("ab\uFFFD\U0001F422"));
     EXPECT_THAT(print(cut.result().notes), ::testing::HasSubstr("change bad-characters: track 1, item 1"));
 }
 

@@ -108,6 +108,10 @@ TEST(OtioTime, HoldsItsBoundsForAnyNumber)
     }
     EXPECT_TRUE(OtioTime::fromUnits(most, slow).isAtLimit());
     EXPECT_EQ(text(OtioTime::fromUnits(least, slow)), "-4294967296/1");
+    EXPECT_EQ(text(frames(4294967295.5, 1)), "8589934591/2");
+    EXPECT_EQ(text(frames(4294967296.5, 1)), "4294967296/1");
+    EXPECT_EQ(text(frames(-4294967295.5, 1)), "-8589934591/2");
+    EXPECT_EQ(text(frames(-4294967296.5, 1)), "-4294967296/1");
 }
 
 TEST(OtioTime, RoundsSumsOfUnrelatedRatesToAFineGrid)

@@ -3,6 +3,7 @@
 #include <QIODevice>
 #include <QLocale>
 
+#include <algorithm>
 #include <cmath>
 
 namespace
@@ -190,36 +191,39 @@ void PO_XmlWriter::beginAttr(const QString &name)
     m_bytes.append("=\"");
 }
 
-void PO_XmlWriter::appendPlain(const QString &text, qsizetype from, qsizetype count)
+void PO_XmlWriter::appendPlain(QStringView text)
 {
     const qsizetype old = m_bytes.size();
-    m_bytes.resize(old + count);
-    char *out = m_bytes.data() + old;
-    const QChar *in = text.constData() + from;
-    for (qsizetype i = 0; i < count; ++i)
-        out[i] = char(in[i].unicode());
+    m_bytes.resize(old + text.size());
+    std::transform(text.begin(), text.end(), m_bytes.begin() + old, [](QChar unit) { return char(unit.unicode()); });
 }
 
-void PO_XmlWriter::appendEscaped(const QString &text)
+void PO_XmlWriter::appendEscaped(QStringView text)
 {
-    const qsizetype size = text.size();
-    const auto unitAt = [&text](qsizetype i) { return char16_t(text.at(i).unicode()); };
-    for (qsizetype i = 0; i < size; ++i) {
-        const qsizetype from = i;
-        while (i < size && isPlain(unitAt(i)))
-            ++i;
-        if (i > from)
-            appendPlain(text, from, i - from);
-        if (i == size)
-            break;
-        const char16_t unit = unitAt(i);
-        if (const char *reference = referenceFor(unit)) {
-            m_bytes.append(reference);
-        } else if (QChar::isHighSurrogate(unit) && i + 1 < size && QChar::isLowSurrogate(unitAt(i + 1))) {
-            appendUtf8(m_bytes, QChar::surrogateToUcs4(unit, unitAt(i + 1)));
-            ++i;
-        } else if (unit >= 0x20 && !QChar::isSurrogate(unit) && unit < 0xFFFE) {
-            appendUtf8(m_bytes, unit);
+    while (!text.isEmpty()) {
+        const auto special =
+            std::find_if_not(text.begin(), text.end(), [](QChar unit) { return isPlain(unit.unicode()); });
+        if (const qsizetype plain = special - text.begin(); plain > 0) {
+            appendPlain(text.first(plain));
+            text = text.sliced(plain);
+        } else {
+            text = appendSpecial(text);
         }
     }
+}
+
+/// Writes the first character, which is not plain, unless XML forbids it, and gives the text behind it.
+QStringView PO_XmlWriter::appendSpecial(QStringView text)
+{
+    const char16_t unit = text.front().unicode();
+    const QStringView rest = text.sliced(1);
+    if (const char *reference = referenceFor(unit)) {
+        m_bytes.append(reference);
+    } else if (QChar::isHighSurrogate(unit) && !rest.isEmpty() && rest.front().isLowSurrogate()) {
+        appendUtf8(m_bytes, QChar::surrogateToUcs4(unit, rest.front().unicode()));
+        return rest.sliced(1);
+    } else if (unit >= 0x20 && !QChar::isSurrogate(unit) && unit < 0xFFFE) {
+        appendUtf8(m_bytes, unit);
+    }
+    return rest;
 }

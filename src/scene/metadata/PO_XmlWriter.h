@@ -4,6 +4,7 @@
 
 #include <QByteArray>
 #include <QString>
+#include <QStringView>
 
 #include <vector>
 
@@ -54,8 +55,9 @@ private:
     void closeTag();
     void newLine();
     void beginAttr(const QString &name);
-    void appendPlain(const QString &text, qsizetype from, qsizetype count);
-    void appendEscaped(const QString &text);
+    void appendPlain(QStringView text);
+    void appendEscaped(QStringView text);
+    QStringView appendSpecial(QStringView text);
 
     QIODevice *m_device = nullptr;
     bool m_failed = false;
