@@ -1,6 +1,9 @@
 #include "StorageRuns.h"
 #include "sizes.h"
 
+#include "infofields/PKC_ExtraInfoFieldDescList.h"
+#include "infofields/PKC_InfoFieldList.h"
+
 #include <QFile>
 #include <QTemporaryDir>
 #include <QXmlStreamReader>
@@ -74,5 +77,31 @@ void writePass(benchmark::State &state)
     }
 }
 PLOTKA_BENCH_FILLED(writePass, "floor: XML writing, records filled");
+
+/// Captions of one panel, each asked to choose its id.
+void insertCaptions(benchmark::State &state)
+{
+    for (auto _ : state) {
+        PKC_InfoFieldList fields;
+        for (auto i = state.range(0); i > 0; --i)
+            fields.insertInfoField(PKC_InfoFieldDesc::TEXT, PKC_InfoFieldDesc::endId, PKC_InfoFieldDesc::endId);
+        benchmark::DoNotOptimize(fields.size());
+    }
+}
+BENCHMARK(insertCaptions)->Name("insert captions")->Arg(10)->Arg(100)->Arg(1000);
+
+/// The same at once, each before a caption that is not there.
+void reserveCaptions(benchmark::State &state)
+{
+    PKC_ExtraInfoFieldDescList descs;
+    for (auto i = state.range(0); i > 0; --i)
+        descs.emplace_back(PKC_InfoFieldDesc::TEXT, QString(), 1);
+    for (auto _ : state) {
+        PKC_InfoFieldList fields;
+        fields.reserveExtraInfoFields(descs);
+        benchmark::DoNotOptimize(fields.size());
+    }
+}
+BENCHMARK(reserveCaptions)->Name("reserve captions")->Arg(1000)->Arg(10000)->Arg(100000);
 
 } // namespace

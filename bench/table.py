@@ -31,6 +31,8 @@ ROWS = [
     ("save", "open", 1, None),
     ("open, records filled", "floor: XML pass, records filled", 6, None),
     ("save, records filled", "floor: XML writing, records filled", 4, None),
+    ("insert captions", None, None, None),
+    ("reserve captions", None, None, 1.25),
 ]
 MEMORY = [("memory", 4096), ("memory, records filled", 6144)]
 

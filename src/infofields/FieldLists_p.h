@@ -5,10 +5,12 @@
 #include "scene/base/UT_SharedPtr.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <iterator>
 #include <list>
 #include <map>
 #include <set>
+#include <vector>
 
 /// What the list of descriptors and the list of values do alike. Reserved ids mean places everywhere here.
 ///
@@ -60,10 +62,11 @@ auto find(List &list, int id)
     return std::find_if(list.begin(), list.end(), [id](const auto &entry) { return hasId(entry, id); });
 }
 
+/// Looks from the back: once one has custom size, all that come later have it.
 template <typename List>
 bool containsCustomSize(const List &list)
 {
-    return std::any_of(list.begin(), list.end(), [](const auto &entry) {
+    return std::any_of(list.rbegin(), list.rend(), [](const auto &entry) {
         const PKC_InfoFieldDesc *field = fieldOf(entry);
         return field && field->size() == PKC_InfoFieldDesc::CUSTOM;
     });
@@ -76,6 +79,21 @@ void collectIds(const List &list, std::set<int> &ids)
         if (const PKC_InfoFieldDesc *field = fieldOf(entry))
             ids.insert(field->id());
     }
+}
+
+/// The first of the ids in the order of @p place that no entry has. It comes after as many as there are entries at the
+/// latest, so a bit for each of these is all that must be remembered. @p place counts from 0 and is beyond all of
+/// them for an id that is not meant.
+template <typename List, typename Place>
+std::size_t firstFreePlace(const List &list, Place place)
+{
+    std::vector<bool> taken(list.size());
+    for (const auto &entry : list) {
+        const PKC_InfoFieldDesc *field = fieldOf(entry);
+        if (const quint64 at = field ? place(field->id()) : taken.size(); at < taken.size())
+            taken[at] = true;
+    }
+    return static_cast<std::size_t>(std::find(taken.begin(), taken.end(), false) - taken.begin());
 }
 
 template <typename List>

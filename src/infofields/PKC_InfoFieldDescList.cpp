@@ -122,12 +122,7 @@ void PKC_InfoFieldDescList::getIds(std::set<int> &ids) const
 
 int PKC_InfoFieldDescList::getUniqId() const
 {
-    std::set<int> used;
-    getIds(used);
-    int id = 0;
-    for (auto taken = used.lower_bound(0); taken != used.end() && *taken == id; ++taken)
-        ++id;
-    return id;
+    return static_cast<int>(FieldLists::firstFreePlace(*this, [](int id) { return static_cast<quint64>(id); }));
 }
 
 int PKC_InfoFieldDescList::move(int id, int beforeId)

@@ -209,7 +209,7 @@ void PKC_InfoFieldList::getIds(std::set<int> &ids) const
 
 int PKC_InfoFieldList::getUniqId() const
 {
-    return LocalIds(*this).next();
+    return -1 - static_cast<int>(FieldLists::firstFreePlace(*this, [](int id) { return quint64(-1 - qint64(id)); }));
 }
 
 int PKC_InfoFieldList::insertInfoField(UT_SharedPtr<PKC_InfoField> field, int beforeId)
@@ -226,7 +226,8 @@ int PKC_InfoFieldList::insertInfoField(UT_SharedPtr<PKC_InfoField> field, int be
 int PKC_InfoFieldList::insertInfoField(PKC_InfoFieldDesc::Type type, const QString &name, int id,
     PKC_InfoFieldDesc::Size size, int height, const QString &value, int beforeId)
 {
-    return InfoFieldInserter(*this).insert(type, name, id, size, height, value, find(beforeId)).id();
+    const int ownId = FieldLists::isReserved(id) ? getUniqId() : id;
+    return InfoFieldInserter(*this).insert(type, name, ownId, size, height, value, find(beforeId)).id();
 }
 
 int PKC_InfoFieldList::insertInfoField(
@@ -255,10 +256,21 @@ void PKC_InfoFieldList::reserveInfoFields(const PKC_InfoFieldDescList &descs)
 
 void PKC_InfoFieldList::reserveExtraInfoFields(const PKC_ExtraInfoFieldDescList &descs)
 {
+    std::map<int, iterator> places; // of the first entry of each id
+    for (iterator place = begin(); place != end(); ++place) {
+        if (*place)
+            places.emplace((*place)->id(), place);
+    }
+    const auto placeOf = [&](int id) {
+        const auto known = places.find(id);
+        return FieldLists::isReserved(id) ? find(id) : known == places.end() ? end() : known->second;
+    };
     InfoFieldInserter inserter(*this);
     for (const PKC_ExtraInfoFieldDesc &desc : descs) {
-        inserter.insert(desc.type(), desc.name(), PKC_InfoFieldDesc::endId, PKC_InfoFieldDesc::DEFAULT,
-            PKC_InfoFieldDesc::DEFAULT_HEIGHT, QString(), find(desc.position()));
+        const iterator next = placeOf(desc.position());
+        const PKC_InfoField &field = inserter.insert(desc.type(), desc.name(), PKC_InfoFieldDesc::endId,
+            PKC_InfoFieldDesc::DEFAULT, PKC_InfoFieldDesc::DEFAULT_HEIGHT, QString(), next);
+        places.emplace(field.id(), std::prev(next)); // a later descriptor may stand before this one
     }
 }
 
