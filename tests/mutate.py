@@ -89,9 +89,11 @@ def copy_tree():
             copy.unlink()
 
 
-def build(jobs):
-    done = subprocess.run(["cmake", "--build", BUILD, f"-j{jobs}", "--", "--quiet"], stdout=subprocess.PIPE,
-                          stderr=subprocess.STDOUT, text=True)
+def build(options):
+    """What it said when it failed, or None."""
+    targets = ["--target", *options.tests] if options.tests else []
+    done = subprocess.run(["cmake", "--build", BUILD, f"-j{options.jobs}", *targets, "--", "--quiet"],
+                          stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True)
     return None if done.returncode == 0 else done.stdout
 
 
@@ -152,11 +154,14 @@ def programs_by_nearness(path, seconds):
 
 
 def arguments():
-    parser = argparse.ArgumentParser(prog="script/mutate", description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
-    parser.add_argument("--number", type=int, default=100)
+    parser = argparse.ArgumentParser(prog="script/mutate", description=__doc__,
+                                     formatter_class=argparse.RawDescriptionHelpFormatter)
+    parser.add_argument("--number", type=int, default=100, metavar="N", help="how many changes (100)")
     parser.add_argument("--seed", type=int, default=random.SystemRandom().randrange(1 << 31))
     parser.add_argument("--jobs", type=int, default=os.cpu_count())
-    parser.add_argument("--least", type=float, default=95)
+    parser.add_argument("--least", type=float, default=95, metavar="PERCENT", help="the score to reach (95)")
+    parser.add_argument("--tests", nargs="+", default=[], metavar="PROGRAM",
+                        help="builds and runs only these test programs, to try a change of one subject by day")
     parser.add_argument("files", nargs="*", metavar="FILE")
     return parser.parse_args()
 
@@ -169,9 +174,10 @@ def main():
     copy_tree()
     subprocess.run(["cmake", "--preset", "release", "-Wno-dev", "-DPLOTKA_BUILD_BENCH=OFF"], cwd=TREE, check=True,
                    stdout=subprocess.DEVNULL)
-    if output := build(options.jobs):
+    if output := build(options):
         sys.exit(f"mutate: the sources do not build\n{output}")
-    programs = sorted(path for path in (BUILD / "tests").glob("plotka_test_*") if path.is_file() and os.access(path, os.X_OK))
+    programs = [path for path in sorted((BUILD / "tests").glob("plotka_test_*"))
+                if path.is_file() and os.access(path, os.X_OK) and (not options.tests or path.name in options.tests)]
     unchanged = TestRun(options.jobs)
     if failed := unchanged.killer(programs, {}):
         sys.exit(f"mutate: {failed} without any change")
@@ -189,7 +195,7 @@ def main():
         file = TREE / change.path
         try:
             file.write_text(change.changed(), encoding="utf-8")
-            if build(options.jobs):
+            if build(options):
                 broken += 1
                 continue
             order = programs_by_nearness(change.path, unchanged.seconds)

@@ -245,6 +245,15 @@ TEST(PlainText, KeepsAllLettersOfElementsNestedDeep)
         std::string::npos);
 }
 
+TEST(PlainText, NestsElementsAHundredDeep)
+{
+    const auto within = [](int divs) {
+        return CaptionText::plainTextOf(text("<html>") + text("<div>").repeated(divs) + text("a<center>b</center>c"));
+    };
+    EXPECT_EQ(within(98), text("a b c"));
+    EXPECT_EQ(within(99), text("a bc")); // a new line, and no element that could end
+}
+
 TEST(PlainText, CountsBlanksAsTheLastDeclarationSays)
 {
     for (const char *caption : {"<html><p style='white-space:pre; white-space:normal'>a  b</p>",
