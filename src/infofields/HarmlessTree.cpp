@@ -3,6 +3,7 @@
 #include "infofields/HtmlElements_p.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace
 {
