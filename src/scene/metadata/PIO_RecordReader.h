@@ -36,7 +36,7 @@ class PLOTKA_SCENE_EXPORT PIO_RecordReader
 {
 public:
     /// Elements may stand in one another this deep, counted from the element "metadata".
-    static constexpr int depthLimit = 1000;
+    static constexpr int depthLimit = 20000;
     /// Of one record so many remarks are kept; one more says how many there were beyond.
     static constexpr std::size_t remarkLimit = 100;
 

@@ -10,6 +10,8 @@ namespace
 {
 
 constexpr qsizetype blockSize = 1 << 16;
+// Deeper elements are indented like this one: blanks that grow with the depth would outgrow the text.
+constexpr std::size_t deepestIndented = 100;
 
 bool isPlain(char16_t unit)
 {
@@ -179,7 +181,7 @@ void PO_XmlWriter::closeTag()
 void PO_XmlWriter::newLine()
 {
     if (m_started)
-        m_bytes.append('\n').append(qsizetype(2 * m_elements.size()), ' ');
+        m_bytes.append('\n').append(qsizetype(2 * std::min(m_elements.size(), deepestIndented)), ' ');
     m_started = true;
 }
 

@@ -28,8 +28,21 @@ TUGroup::TUGroup(SC_SceneCommon *sceneCommon, const QString &instanceName) :
 
 TUGroup::~TUGroup()
 {
-    for (const UT_SharedPtr<MO_Node> &node : m_nodes)
-        node->leaveGroup();
+    // A group that dies with this one hands its nodes over first: one that lies within it would die within its death, and
+    // so on as deep as groups stand in one another.
+    NodeList leaving;
+    const auto release = [&leaving](NodeList &nodes) {
+        for (const UT_SharedPtr<MO_Node> &node : nodes)
+            node->leaveGroup();
+        leaving.splice(leaving.end(), nodes);
+    };
+    release(m_nodes);
+    while (!leaving.empty()) {
+        const UT_SharedPtr<MO_Node> node = leaving.front();
+        leaving.pop_front();
+        if (auto *inner = dynamic_cast<TUGroup *>(node.get()); inner && inner->refCount == 1)
+            release(inner->m_nodes);
+    }
 }
 
 const QString &TUGroup::Keyword()
@@ -59,20 +72,31 @@ std::vector<MO_Node *> TUGroup::compositionOrder() const
 
 void TUGroup::accept(MO_ModuleVisitor &visitor)
 {
-    // Held while they are visited: a visitor may edit the group.
-    std::vector<UT_SharedPtr<MO_Node>> nodes;
-    for (MO_Node *node : compositionOrder())
-        nodes.emplace_back(node);
-    for (const UT_SharedPtr<MO_Node> &node : nodes)
-        node->accept(visitor);
+    // Held until they are visited: a visitor may edit the group. The next to be visited is the last here.
+    std::vector<UT_SharedPtr<MO_Node>> waiting;
+    const auto enter = [&waiting](const TUGroup &group) {
+        const std::vector<MO_Node *> order = group.compositionOrder();
+        waiting.insert(waiting.end(), order.rbegin(), order.rend());
+    };
+    enter(*this);
+    while (!waiting.empty()) {
+        const UT_SharedPtr<MO_Node> node = waiting.back();
+        waiting.pop_back();
+        if (const auto *group = dynamic_cast<const TUGroup *>(node.get()))
+            enter(*group);
+        else
+            node->accept(visitor);
+    }
 }
 
 bool TUGroup::addNode(const UT_SharedPtr<MO_Node> &node, const MO_Node *before)
 {
     if (!node || node->m_ownerGroup || node.get() == this || node->sceneCommon() != sceneCommon() || isRootGroup(*node))
         return false;
-    for (const TUGroup *above = ownerGroup(); above; above = above->ownerGroup()) {
-        if (above == node.get())
+    const auto *const group = dynamic_cast<const TUGroup *>(node.get());
+    const bool holdsNodes = group && !group->m_nodes.empty(); // else it stands around nothing
+    for (const TUGroup *above = ownerGroup(); holdsNodes && above; above = above->ownerGroup()) {
+        if (above == group)
             return false;
     }
     const NodeList::iterator place = find(before);

@@ -4,7 +4,6 @@
 #include "scene/network/MO_Port.h"
 #include "scene/storage/ElementAttributes_p.h"
 #include "scene/storage/ProjectFileKeys_p.h"
-#include "scene/storage/XmlBounds_p.h"
 #include "scene/timeline/TUTimedValue.h"
 
 #include <QHash>
@@ -17,7 +16,8 @@ namespace keys = ProjectFileKeys;
 namespace
 {
 
-constexpr int depthLimit = XmlBounds::depthLimit;
+// Each link to a parent goes all the way up, to find no circle.
+constexpr int parentLimit = 1000;
 
 /// How deep each node would stand below its told parents; more than the limit for what stands in a circle.
 class Depths
@@ -36,11 +36,11 @@ public:
                 break;
             }
             // Met again on this very path, it closes a circle.
-            m_depths.insert(above, depthLimit + 1);
+            m_depths.insert(above, parentLimit + 1);
             path.push_back(above);
         }
         for (auto above = path.rbegin(); above != path.rend(); ++above)
-            m_depths.insert(*above, depth = std::min(depth, depthLimit + 1)), ++depth;
+            m_depths.insert(*above, depth = std::min(depth, parentLimit + 1)), ++depth;
         return m_depths.value(node);
     }
 
@@ -108,7 +108,7 @@ void NetworkLoader::linkParents()
     Depths depths(parents);
     for (const Link &link : m_parents) {
         MO_Node *const parent = parents.value(link.node);
-        if (!parent || depths.of(link.node) > depthLimit || !link.node->setParentNode(parent))
+        if (!parent || depths.of(link.node) > parentLimit || !link.node->setParentNode(parent))
             refuse(link, QStringLiteral("parent"));
     }
 }

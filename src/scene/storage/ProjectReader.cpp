@@ -38,6 +38,17 @@ void readAlignment(MO_AnimatedModule &module, const ElementAttributes &attribute
         report.warn(attributes.place(), module.instanceName(), QStringLiteral("its camera alignment is unknown"));
 }
 
+/// Whether the bounds were found in what the stream makes of the bytes: in UTF-7 or a Japanese encoding it may see elements
+/// where the bytes have none.
+bool meansAsciiByItself(QStringView encoding)
+{
+    for (const char *known : {"", "UTF-8", "US-ASCII", "ISO-8859-1"}) {
+        if (encoding.compare(QLatin1StringView(known), Qt::CaseInsensitive) == 0)
+            return true;
+    }
+    return false;
+}
+
 } // namespace
 
 ProjectReader::ProjectReader(const QByteArray &text, const QString &filePath, SC_FileReport &report) :
@@ -56,6 +67,9 @@ SC_Project *ProjectReader::read()
     m_xml.setDevice(&m_buffer);
     // Content of unknown records is written back as it came, whatever its prefixes mean.
     m_xml.setNamespaceProcessing(false);
+    m_xml.readNext();
+    if (!meansAsciiByItself(m_xml.documentEncoding()))
+        fail(QStringLiteral("the text is in the encoding %1 and not in UTF-8").arg(m_xml.documentEncoding()));
     readProject();
     while (!m_xml.atEnd())
         m_xml.readNext();
@@ -259,20 +273,24 @@ void ProjectReader::readRoot(TUScene &scene)
     readNodesOf(root);
 }
 
-void ProjectReader::readNodesOf(TUGroup &group)
+void ProjectReader::readNodesOf(TUGroup &root)
 {
-    while (findElement()) {
-        if (m_xml.name() == keys::node)
-            readNode(group);
-        else
+    std::vector<TUGroup *> open{&root};
+    while (!open.empty()) {
+        if (!findElement())
+            open.pop_back();
+        else if (m_xml.name() != keys::node)
             skipUnknown();
+        else if (TUGroup *inner = readNode(*open.back()))
+            open.push_back(inner);
     }
 }
 
-void ProjectReader::readNode(TUGroup &group)
+/// A group that the node is, to be filled with what stands in it. Null for all others, which are read to their end.
+TUGroup *ProjectReader::readNode(TUGroup &group)
 {
     if (!begin())
-        return;
+        return nullptr;
     const ElementAttributes attributes(m_xml, m_report);
     const QString kind = attributes.text(keys::kind);
     const QString name = attributes.text(keys::name);
@@ -295,15 +313,16 @@ void ProjectReader::readNode(TUGroup &group)
     } else if (kind == keys::node) {
         node = new MO_Node(scene, keyword, name);
     } else {
-        return skipDamaged(QStringLiteral("node \"%1\"").arg(name), QStringLiteral("its class is unknown"));
+        skipDamaged(QStringLiteral("node \"%1\"").arg(name), QStringLiteral("its class is unknown"));
+        return nullptr;
     }
     readFlags(*node, attributes);
     group.addNode(node);
     m_network.addNode(node.get(), m_sceneId, attributes);
-    if (auto *inner = dynamic_cast<TUGroup *>(node.get()))
-        readNodesOf(*inner);
-    else
+    auto *const inner = dynamic_cast<TUGroup *>(node.get());
+    if (!inner)
         end();
+    return inner;
 }
 
 void ProjectReader::readComposite(TUScene &scene)
@@ -324,6 +343,7 @@ void ProjectReader::readRecord(PIO_Metadatas *records, const QString &holder)
     if (!begin())
         return;
     PIO_RecordResult result = PIO_RecordReader::read(m_xml);
+    --m_depth; // the record was read to its end
     if (!result.message.isEmpty()) {
         const QString type = result.record ? result.record->metaType() : QString();
         m_report.warn({result.line, result.column}, QStringLiteral("record \"%1\"").arg(type), result.message);
@@ -345,10 +365,22 @@ bool ProjectReader::begin()
     return false;
 }
 
+/// Goes one step on in the text and keeps count of the elements that stand open. What is wrong with the text ends it, and so
+/// does an element that stands too deep.
+QXmlStreamReader::TokenType ProjectReader::next()
+{
+    m_xml.readNext();
+    if (m_xml.isEndElement())
+        --m_depth;
+    else if (m_xml.isStartElement() && ++m_depth > XmlBounds::depthLimit)
+        fail(XmlBounds::deeperThan(XmlBounds::depthLimit));
+    return m_xml.tokenType();
+}
+
 /// Goes to the next element of the current one, or to its end: then false. Words between elements are told of.
 bool ProjectReader::findElement()
 {
-    while (m_xml.readNext() != QXmlStreamReader::Invalid && !m_xml.isEndElement()) {
+    while (next() != QXmlStreamReader::Invalid && !m_xml.isEndElement()) {
         if (m_xml.isStartElement())
             return true;
         if (m_xml.isCharacters() && !m_xml.text().trimmed().isEmpty())
@@ -380,13 +412,19 @@ void ProjectReader::skipDamaged(const QString &item, const QString &reason)
 /// Also what is left out keeps its ids: no other thing may be taken for it.
 void ProjectReader::skipReservingIds()
 {
-    if (m_xml.name() == keys::metadata)
-        return m_xml.skipCurrentElement();
-    const ElementAttributes attributes(m_xml, m_report);
-    for (const QString &key : {keys::object, keys::scene, keys::id})
-        m_project->projectCommon()->reserveId(attributes.findId(key).value_or(SC_Id()));
-    while (m_xml.readNextStartElement())
-        skipReservingIds();
+    const int outside = m_depth - 1;
+    do {
+        if (!m_xml.isStartElement())
+            continue;
+        if (m_xml.name() == keys::metadata) {
+            m_xml.skipCurrentElement();
+            --m_depth;
+            continue;
+        }
+        const ElementAttributes attributes(m_xml, m_report);
+        for (const QString &key : {keys::object, keys::scene, keys::id})
+            m_project->projectCommon()->reserveId(attributes.findId(key).value_or(SC_Id()));
+    } while (m_depth > outside && next() != QXmlStreamReader::Invalid);
 }
 
 /// An id belongs to one thing. False, and an error, when it is taken.

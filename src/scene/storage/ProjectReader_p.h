@@ -48,12 +48,13 @@ private:
     void readSound(TUSoundTimedValue &sounds);
     void readLink(TUTimedValue &timedValue);
     void readRoot(TUScene &scene);
-    void readNodesOf(TUGroup &group);
-    void readNode(TUGroup &group);
+    void readNodesOf(TUGroup &root);
+    TUGroup *readNode(TUGroup &group);
     void readComposite(TUScene &scene);
     void readRecord(PIO_Metadatas *records, const QString &holder);
 
     bool begin();
+    QXmlStreamReader::TokenType next();
     bool findElement();
     void end();
     void skipUnknown();
@@ -73,4 +74,5 @@ private:
     QSet<qint64> m_ids;
     SC_Id m_sceneId; // of the scene that is being read
     int m_items = 0;
+    int m_depth = 0; // how many elements stand open, the current one among them
 };

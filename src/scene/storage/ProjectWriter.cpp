@@ -16,6 +16,8 @@
 #include "scene/timeline/TUSeqTimedValue.h"
 #include "scene/timeline/TUSoundTimedValue.h"
 
+#include <vector>
+
 namespace keys = ProjectFileKeys;
 
 namespace
@@ -40,6 +42,33 @@ const QString &classOf(const MO_Node &node)
     if (dynamic_cast<const MO_AnimatedModule *>(&node))
         return keys::animated;
     return dynamic_cast<const MO_Module *>(&node) ? keys::module : keys::node;
+}
+
+/// Goes through a group and all that it holds in the order of the file. Groups stand in one another as deep as a file may
+/// tell, so what is entered is kept in a list.
+template <typename Enter, typename Leave>
+void walk(const TUGroup &root, const Enter &enter, const Leave &leave)
+{
+    struct Open {
+        const TUGroup *group;
+        TUGroup::NodeList::const_iterator next;
+    };
+    std::vector<Open> open{{&root, root.subNodesBegin()}};
+    enter(root);
+    while (!open.empty()) {
+        Open &innermost = open.back();
+        if (innermost.next == innermost.group->subNodesEnd()) {
+            open.pop_back();
+            leave();
+            continue;
+        }
+        const MO_Node &node = **innermost.next++;
+        enter(node);
+        if (const auto *group = dynamic_cast<const TUGroup *>(&node))
+            open.push_back({group, group->subNodesBegin()});
+        else
+            leave();
+    }
 }
 
 } // namespace
@@ -83,20 +112,10 @@ void ProjectWriter::number(const TUScene &scene)
 {
     int last = 0;
     if (const TUGroup *root = scene.getRootGroup())
-        number(*root, last);
+        walk(
+            *root, [&](const MO_Node &node) { m_numbers.insert(&node, ++last); }, [] {});
     if (const MO_UnconnectedCompositeModule *composite = scene.unconnectedComposite())
         m_numbers.insert(composite, ++last);
-}
-
-void ProjectWriter::number(const TUGroup &group, int &last)
-{
-    m_numbers.insert(&group, ++last);
-    for (auto node = group.subNodesBegin(); node != group.subNodesEnd(); ++node) {
-        if (const auto *inner = dynamic_cast<const TUGroup *>(node->get()))
-            number(*inner, last);
-        else
-            m_numbers.insert(node->get(), ++last);
-    }
 }
 
 void ProjectWriter::writeRecords(const PIO_Metadatas *records)
@@ -118,7 +137,8 @@ void ProjectWriter::writeScene(const TUScene &scene)
             writeSounds(*sounds);
     }
     if (const TUGroup *root = scene.getRootGroup())
-        writeNode(*root);
+        walk(
+            *root, [this](const MO_Node &node) { beginNode(node); }, [this] { m_writer.endElement(); });
     if (const MO_UnconnectedCompositeModule *composite = scene.unconnectedComposite())
         writeComposite(*composite);
     m_writer.endElement();
@@ -195,7 +215,7 @@ void ProjectWriter::writeSounds(const TUSoundTimedValue &sounds)
     m_writer.endElement();
 }
 
-void ProjectWriter::writeNode(const MO_Node &node)
+void ProjectWriter::beginNode(const MO_Node &node)
 {
     beginItem(keys::node);
     const QString &kind = classOf(node);
@@ -209,11 +229,6 @@ void ProjectWriter::writeNode(const MO_Node &node)
         m_writer.encodeIntAttr(keys::cameraAlignment, animated->cameraAlignment());
     if (const auto *element = dynamic_cast<const MO_ElementModule *>(&node); element && element->lineArtDrawingMode())
         m_writer.encodeIntAttr(keys::lineArt, element->lineArtDrawingMode());
-    if (const auto *group = dynamic_cast<const TUGroup *>(&node)) {
-        for (auto inner = group->subNodesBegin(); inner != group->subNodesEnd(); ++inner)
-            writeNode(**inner);
-    }
-    m_writer.endElement();
 }
 
 void ProjectWriter::writeComposite(const MO_UnconnectedCompositeModule &composite)

@@ -11,7 +11,6 @@ class PIO_Metadatas;
 class PIO_WritingContext;
 class PO_XmlWriter;
 class SC_Project;
-class TUGroup;
 class TUScene;
 class TUSeqTimedValue;
 class TUSoundTimedValue;
@@ -30,7 +29,6 @@ public:
 private:
     void beginItem(const QString &key);
     void number(const TUScene &scene);
-    void number(const TUGroup &group, int &last);
 
     void writeRecords(const PIO_Metadatas *records);
     void writeScene(const TUScene &scene);
@@ -38,7 +36,7 @@ private:
     void writeLinks(const TUTimedValue &timedValue);
     void writeBlock(const AT_FrameBlock &block);
     void writeSounds(const TUSoundTimedValue &sounds);
-    void writeNode(const MO_Node &node);
+    void beginNode(const MO_Node &node);
     void writeComposite(const MO_UnconnectedCompositeModule &composite);
     void writeCommonOf(const MO_Node &node);
     void writeReference(const QString &numberKey, const QString &sceneKey, const MO_Node *node, const TUScene *here);

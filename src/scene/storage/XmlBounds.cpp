@@ -10,7 +10,7 @@ namespace
 class Scanner
 {
 public:
-    explicit Scanner(const QByteArray &text) : m_text(text) {}
+    Scanner(const QByteArray &text, int deepest) : m_text(text), m_deepest(deepest) {}
 
     XmlBounds::Excess find()
     {
@@ -30,11 +30,11 @@ private:
     {
         m_tag = m_at;
         if (startsWith("<!--"))
-            skipTo("-->");
+            skip("<!--", "-->");
         else if (startsWith("<![CDATA["))
-            skipTo("]]>");
+            skip("<![CDATA[", "]]>");
         else if (startsWith("<?"))
-            skipTo("?>");
+            skip("<?", "?>");
         else if (startsWith("<!"))
             m_message = QStringLiteral("document types are not allowed");
         else
@@ -64,25 +64,27 @@ private:
                 ++attributes;
             last = c;
         }
-        if (closes)
-            --m_depth;
-        else if (last != '/')
-            ++m_depth;
+        // An end without its start is where a reader stops; nothing may be counted against it.
+        const int depth = closes ? std::max(0, m_depth - 1) : m_depth + 1;
+        if (closes || last != '/')
+            m_depth = depth;
         if (attributes > XmlBounds::attributeLimit)
             m_message = QStringLiteral("an element has more than %1 attributes").arg(XmlBounds::attributeLimit);
-        else if (m_depth > XmlBounds::depthLimit)
-            m_message = QStringLiteral("elements nest deeper than %1").arg(XmlBounds::depthLimit);
+        else if (depth > m_deepest)
+            m_message = XmlBounds::deeperThan(m_deepest);
     }
 
     bool startsWith(QByteArrayView start) const { return QByteArrayView(m_text).sliced(m_at).startsWith(start); }
 
-    void skipTo(QByteArrayView end)
+    /// Goes to the end of what begins here. No character belongs to both: "<!-->" begins a comment that goes on.
+    void skip(QByteArrayView begin, QByteArrayView end)
     {
-        const qsizetype found = m_text.indexOf(end, m_at);
-        m_at = found < 0 ? m_text.size() : found;
+        const qsizetype found = m_text.indexOf(end, m_at + begin.size());
+        m_at = found < 0 ? m_text.size() : found + end.size();
     }
 
     const QByteArray &m_text;
+    const int m_deepest;
     qsizetype m_at = 0;
     qsizetype m_tag = 0;
     int m_depth = 0;
@@ -91,10 +93,15 @@ private:
 
 } // namespace
 
-XmlBounds::Excess XmlBounds::find(const QByteArray &text)
+QString XmlBounds::deeperThan(int depth)
+{
+    return QStringLiteral("elements nest deeper than %1").arg(depth);
+}
+
+XmlBounds::Excess XmlBounds::find(const QByteArray &text, int deepest)
 {
     // In wide encodings nothing below would mean what it seems to.
     if (text.contains('\0') || text.startsWith("\xFE\xFF") || text.startsWith("\xFF\xFE"))
         return {{1, 1}, QStringLiteral("the text is not in UTF-8")};
-    return Scanner(text).find();
+    return Scanner(text, deepest).find();
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "plotka_scene_export.h"
+#include "scene/metadata/PIO_RecordReader.h"
 #include "scene/storage/LoadReport_p.h"
 
 #include <QByteArray>
@@ -12,7 +14,7 @@
 namespace XmlBounds
 {
 
-constexpr int depthLimit = 1000;
+constexpr int depthLimit = PIO_RecordReader::depthLimit;
 constexpr int attributeLimit = 256;
 
 struct Excess {
@@ -20,7 +22,10 @@ struct Excess {
     QString message; ///< empty when there is none
 };
 
-/// The first excess of a text in UTF-8 or another encoding that has ASCII in it as it is.
-Excess find(const QByteArray &text);
+/// The words for an element that stands deeper.
+QString deeperThan(int depth);
+
+/// The first excess of a text in UTF-8 or another encoding in which every byte of ASCII means itself.
+PLOTKA_SCENE_EXPORT Excess find(const QByteArray &text, int deepest = depthLimit);
 
 } // namespace XmlBounds

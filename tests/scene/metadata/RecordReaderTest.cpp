@@ -202,7 +202,7 @@ TEST(RecordReader, LeavesOutARecordThatNestsTooDeep)
         EXPECT_NE(readRecord(nested(limit - 1)).record, nullptr);
         const PIO_RecordResult tooDeep = readRecord(nested(limit));
         EXPECT_EQ(tooDeep.record, nullptr);
-        EXPECT_EQ(tooDeep.message, text("the record nests deeper than 1000 elements"));
+        EXPECT_EQ(tooDeep.message, text("the record nests deeper than 20000 elements"));
         EXPECT_EQ(readRecord(nested(200000)).record, nullptr);
     }
 }

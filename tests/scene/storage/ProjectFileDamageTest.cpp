@@ -217,21 +217,6 @@ TEST(DamagedProjectFile, IsAnErrorWhenAnIdIsGivenTwice)
         EXPECT_NE(readFailing(documentOf(content)).find(twice), std::string::npos) << content.toStdString();
 }
 
-TEST(DamagedProjectFile, IsAnErrorWhenItNestsWithoutEnd)
-{
-    const QByteArray open = QByteArray("<x>").repeated(2000000);
-    EXPECT_EQ(readFailing(documentOf(open)), "p.plotka:1:3067: error: elements nest deeper than 1000\n");
-    const QByteArray nodes = QByteArray("<node class='group' number='1'>").repeated(5000);
-    EXPECT_NE(readFailing(withScene(nodes)).find("elements nest deeper than 1000"), std::string::npos);
-    const QByteArray record =
-        "<metadata type='t'>" + QByteArray("<x>").repeated(5000) + QByteArray("</x>").repeated(5000) + "</metadata>";
-    EXPECT_NE(readFailing(withScene(record)).find("elements nest deeper than 1000"), std::string::npos);
-
-    const QByteArray deep =
-        QByteArray("<node class='group' number='1' name='g'>").repeated(900) + QByteArray("</node>").repeated(900);
-    EXPECT_EQ(readAsText(withScene(deep)).find("nest deeper"), std::string::npos);
-}
-
 TEST(DamagedProjectFile, IsAnErrorWhenItWouldTakeForEver)
 {
     QByteArray wide = "<a";
