@@ -50,9 +50,8 @@ bool TUTimedValue::linkNode(MO_Node *node)
     if (TUTimedValue *previous = element->drawingAttr()->linkedTimedValue())
         previous->unlinkNode(element);
     element->drawingAttr()->m_linkedTimedValue = this;
-    m_linkedNodes.erase(std::remove_if(m_linkedNodes.begin(), m_linkedNodes.end(),
-                            [](const UT_SharedWeakPtr<MO_Node> &linked) { return !linked; }),
-        m_linkedNodes.end());
+    if (m_linkedNodes.size() == m_linkedNodes.capacity())
+        makeRoomForLinks();
     m_linkedNodes.emplace_back(node);
     if (TUSceneChangeManager *changes = changeManager())
         changes->emitNodeChanged(node);
@@ -70,6 +69,15 @@ bool TUTimedValue::unlinkNode(MO_Node *node)
     if (TUSceneChangeManager *changes = changeManager())
         changes->emitNodeChanged(node);
     return true;
+}
+
+/// Nodes that have died are forgotten now and then, not at every link: what then stands may double first.
+void TUTimedValue::makeRoomForLinks()
+{
+    m_linkedNodes.erase(std::remove_if(m_linkedNodes.begin(), m_linkedNodes.end(),
+                            [](const UT_SharedWeakPtr<MO_Node> &linked) { return !linked; }),
+        m_linkedNodes.end());
+    m_linkedNodes.reserve(2 * m_linkedNodes.size() + 1);
 }
 
 SC_ProjectCommon *TUTimedValue::projectCommon() const

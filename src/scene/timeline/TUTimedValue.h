@@ -52,6 +52,8 @@ protected:
     TUSceneChangeManager *changeManager() const;
 
 private:
+    void makeRoomForLinks();
+
     QString m_name;
     SC_SceneCommon *m_sceneCommon;
     std::vector<UT_SharedWeakPtr<MO_Node>> m_linkedNodes;

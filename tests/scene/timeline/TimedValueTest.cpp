@@ -71,6 +71,21 @@ TEST_F(TimedValue, DrivesSeveralElementsInTheOrderOfLinking)
     EXPECT_EQ(timeline->linkedNodes(0), a.get());
 }
 
+TEST_F(TimedValue, KeepsTheOrderOfLinkingWhereManyElementsDie)
+{
+    std::vector<UT_SharedPtr<MO_ElementModule>> elements;
+    for (int i = 0; i < 1000; ++i) {
+        elements.emplace_back(makeElement(QString::number(i)));
+        ASSERT_TRUE(timeline->linkNode(elements.back().get()));
+        if (i % 3 == 0)
+            elements.erase(elements.begin() + (i / 2) % static_cast<int>(elements.size()));
+    }
+    std::vector<MO_Node *> living;
+    for (const UT_SharedPtr<MO_ElementModule> &element : elements)
+        living.push_back(element.get());
+    EXPECT_EQ(timeline->linkedNodes(), living);
+}
+
 TEST_F(TimedValue, TakesAnElementOverFromTheOneBefore)
 {
     const auto element = makeElement(QStringLiteral("A"));
