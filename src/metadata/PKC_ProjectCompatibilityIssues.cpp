@@ -3,8 +3,6 @@
 #include "project/PKC_PlotkaProject.h"
 #include "project/TimelineWalk_p.h"
 
-#include <utility>
-
 namespace
 {
 
@@ -59,7 +57,9 @@ std::set<PKC_ProjectCompatibility::CompatiblityIssue_s> PKC_ProjectCompatibility
     PKC_PlotkaProject *project)
 {
     std::set<PKC_ProjectCompatibility::CompatiblityIssue_s> found;
-    for (const auto &[id, issue] : instance().m_issues) {
+    // Held while they are asked: an issue may register others, in its own place too.
+    const auto known = instance().m_issues;
+    for (const auto &[id, issue] : known) {
         if (issue->isIn(project))
             found.insert({issue->id(), issue->product(), issue->version()});
     }
@@ -79,8 +79,7 @@ bool PKC_ProjectCompatibilityIssues::hasUnknowsIssue(
 
 void PKC_ProjectCompatibilityIssues::add(const Issue *issue)
 {
-    const Issue *&known = m_issues[issue->id()];
-    const Issue *const old = std::exchange(known, issue);
-    if (old != issue)
-        delete old;
+    std::shared_ptr<const Issue> &known = m_issues[issue->id()];
+    if (known.get() != issue)
+        known.reset(issue);
 }

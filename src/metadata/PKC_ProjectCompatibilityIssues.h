@@ -6,6 +6,7 @@
 #include <QString>
 
 #include <map>
+#include <memory>
 #include <set>
 
 class PKC_PlotkaProject;
@@ -38,7 +39,8 @@ public:
     PKC_ProjectCompatibilityIssues(const PKC_ProjectCompatibilityIssues &) = delete;
     PKC_ProjectCompatibilityIssues &operator=(const PKC_ProjectCompatibilityIssues &) = delete;
 
-    /// Takes ownership of an issue made with new; another one of the same id is deleted. Null is ignored.
+    /// Takes ownership of an issue made with new; another one of the same id is deleted, after the analysis where one is
+    /// under way. Null is ignored.
     static void registerIssue(const Issue *issue);
     /// The known issues that @p project has.
     static std::set<PKC_ProjectCompatibility::CompatiblityIssue_s> analyseProject(PKC_PlotkaProject *project);
@@ -53,5 +55,5 @@ protected:
 private:
     void add(const Issue *issue);
 
-    std::map<QString, const Issue *> m_issues; // by id, case-sensitively
+    std::map<QString, std::shared_ptr<const Issue>> m_issues; // by id, case-sensitively
 };

@@ -165,6 +165,28 @@ TEST(ProjectCompatibilityIssues, ReplaceAnIssueOfTheSameId)
     now = false;
 }
 
+TEST(ProjectCompatibilityIssues, MayReplaceThemselvesWhileAProjectIsAnalysed)
+{
+    int deletions = 0;
+    bool isAsked = true;
+    class Replacing : public TestIssue
+    {
+    public:
+        Replacing(const bool &found, int &deletions) : TestIssue("replacing itself", found, &deletions) {}
+        bool isIn(PKC_PlotkaProject *project) const override
+        {
+            PKC_ProjectCompatibilityIssues::registerIssue(new TestIssue("replacing itself", never));
+            PKC_ProjectCompatibilityIssues::registerIssue(new TestIssue("zz registered meanwhile", never));
+            return TestIssue::isIn(project);
+        }
+    };
+    PKC_ProjectCompatibilityIssues::registerIssue(new Replacing(isAsked, deletions));
+    EXPECT_EQ(found(nullptr), "replacing itself/test product/0.1");
+    EXPECT_EQ(deletions, 1);
+    EXPECT_EQ(found(nullptr), "");
+    EXPECT_TRUE(knows("zz registered meanwhile"));
+}
+
 TEST(ProjectCompatibilityIssues, KnowIssuesByTheirIdAlone)
 {
     const auto hasUnknown = PKC_ProjectCompatibilityIssues::hasUnknowsIssue;

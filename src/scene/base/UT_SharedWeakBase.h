@@ -3,6 +3,8 @@
 #include "plotka_scene_export.h"
 #include "scene/base/UT_Edition.h"
 
+#include <QtGlobal>
+
 #include <atomic>
 
 class UT_SharedWeakBase;
@@ -45,14 +47,21 @@ public:
     UT_SharedWeakBase &operator=(const UT_SharedWeakBase &) noexcept { return *this; }
     virtual ~UT_SharedWeakBase();
 
-    /// Both return the new count and only count: the caller that receives 0 from DecRef deletes.
+    /// Both return the new count and only count: the caller that receives 0 from DecRef deletes. A count of 0 is
+    /// never lowered; where nothing is asserted it stays, and 0 is what comes back.
     unsigned int IncRef() const { return ++m_count; }
-    unsigned int DecRef() const { return m_count > 0 ? --m_count : 0; }
+    unsigned int DecRef() const
+    {
+        Q_ASSERT(m_count > 0);
+        return m_count > 0 ? --m_count : 0;
+    }
 
     /// The control record, never null.
     UT_SharedWeakRecord *weakRecord() const;
 
 protected:
+    bool isHeld() const { return m_count > 0; }
+
     /// Makes all weak pointers read null from here on. For the first line of a destructor whose parts, while
     /// they are taken down, must not be asked anything any more.
     void forgetWatchers();

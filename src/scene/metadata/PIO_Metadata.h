@@ -50,6 +50,7 @@ protected:
     virtual void writeMetadataSubnodes(PIO_WritingContext &context) const = 0;
 
 private:
+    friend class PIO_Metadatas;
     friend class PIO_RecordWriter;
     struct Told;
 
@@ -58,4 +59,5 @@ private:
     QString m_creator;
     QString m_version;
     std::unique_ptr<Told> m_told; // null until a change was queued
+    bool m_isHeld = false;        // by a container, for the rest of its life; never copied
 };

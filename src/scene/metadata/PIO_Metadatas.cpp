@@ -17,8 +17,13 @@ PIO_Metadatas::~PIO_Metadatas()
 
 void PIO_Metadatas::add(PIO_Metadata *record)
 {
-    if (record)
-        m_records.push_back(record);
+    if (!record)
+        return;
+    Q_ASSERT(!record->m_isHeld);
+    if (record->m_isHeld)
+        return; // two owners would both delete it
+    record->m_isHeld = true;
+    m_records.push_back(record);
 }
 
 bool PIO_Metadatas::remove(PIO_Metadata *record)

@@ -25,7 +25,8 @@ public:
     const_iterator begin() const { return m_records.begin(); }
     const_iterator end() const { return m_records.end(); }
 
-    /// Takes the record over, silently; it is in no container yet. Null is ignored.
+    /// Takes the record over, silently. Null is ignored, and so is, where nothing is asserted, a record that a container
+    /// holds already, this one or another.
     void add(PIO_Metadata *record);
     /// Deletes the record; false when it is not here.
     bool remove(PIO_Metadata *record);

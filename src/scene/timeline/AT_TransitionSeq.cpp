@@ -55,7 +55,8 @@ void AT_TransitionSeq::setReverse(bool reversed)
 
 void AT_TransitionSeq::letGo() const
 {
-    if (DecRef() == 0)
+    const bool wasHeld = isHeld();
+    if (DecRef() == 0 && wasHeld)
         delete this;
 }
 

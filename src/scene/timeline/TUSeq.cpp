@@ -15,6 +15,7 @@ const SC_Id &TUSeq::objectId() const
 
 void TUSeq::letGo() const
 {
-    if (--m_holders == 0)
+    Q_ASSERT(m_holders > 0);
+    if (m_holders > 0 && --m_holders == 0)
         delete this;
 }

@@ -42,7 +42,8 @@ public:
     /// The timed value that holds the sequence; null when none does.
     TUSeqTimedValue *timedValue() const { return m_timedValue; }
 
-    /// One more holder, one less; the last one out deletes.
+    /// One more holder, one less; the last one out deletes. Nobody lets go who has not held: that is asserted, and else
+    /// without effect.
     virtual void hold() const { ++m_holders; }
     virtual void letGo() const;
 

@@ -153,8 +153,16 @@ TEST(WeakBase, CountsAndLeavesDeletingToTheCaller)
     EXPECT_EQ(target.IncRef(), 2u);
     EXPECT_EQ(target.DecRef(), 1u);
     EXPECT_EQ(target.DecRef(), 0u);
-    EXPECT_EQ(target.DecRef(), 0u);
     EXPECT_EQ(target.number, 0);
+}
+
+TEST(WeakBaseDeathTest, IsNeverCountedBelowZero)
+{
+    const Watched target;
+    unsigned int count = 0;
+    EXPECT_DEBUG_DEATH(count = target.DecRef(), "");
+    EXPECT_EQ(count, 0u);
+    EXPECT_EQ(target.IncRef(), 1u);
 }
 
 TEST(WeakBase, KeepsCountAndWatchersOutOfCopies)

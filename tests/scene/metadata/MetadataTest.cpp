@@ -170,6 +170,24 @@ TEST(Metadatas, DoNotRemoveWhatBelongsToAnother)
     EXPECT_FALSE(records.contains(&stranger));
 }
 
+TEST(MetadatasDeathTest, HoldARecordOnceAndOneContainerAlone)
+{
+    bool alive = false;
+    PIO_Metadatas other;
+    {
+        PIO_Metadatas records;
+        PIO_Metadata *const record = new MortalRecord(&alive);
+        records.add(record);
+        EXPECT_DEBUG_DEATH(records.add(record), "");
+        EXPECT_DEBUG_DEATH(other.add(record), "");
+        EXPECT_EQ(records.end() - records.begin(), 1);
+        EXPECT_EQ(other.begin(), other.end());
+        other.add(new PlainRecord(dynamic_cast<const PlainRecord &>(*record)));
+        EXPECT_EQ(other.end() - other.begin(), 1) << "a copy is held by nobody";
+    }
+    EXPECT_FALSE(alive);
+}
+
 TEST(Metadatas, FindTheFirstOfExactlyThatTypeAndName)
 {
     PIO_Metadatas records;

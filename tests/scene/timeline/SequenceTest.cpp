@@ -184,3 +184,19 @@ TEST_F(Sequence, OfATransitionDiesWithItsBlockWhenNobodyHoldsIt)
     copy = AT_FrameBlock();
     EXPECT_FALSE(watch);
 }
+
+TEST(SequenceDeathTest, IsLetGoByNobodyWhoHasNotHeldIt)
+{
+    auto *const clip = new TUSeq;
+    EXPECT_DEBUG_DEATH(clip->letGo(), "");
+    clip->hold();
+    clip->letGo();
+
+    auto *const transition = new AT_TransitionSeq(SC_Id(7), AT_TransitionSeq::Slide);
+    const UT_SharedWeakPtr<AT_TransitionSeq> watch(transition);
+    EXPECT_DEBUG_DEATH(transition->letGo(), "");
+    ASSERT_TRUE(watch);
+    transition->hold();
+    transition->letGo();
+    EXPECT_FALSE(watch);
+}
