@@ -6,6 +6,7 @@
 #include "scene/storage/ProjectReader_p.h"
 #include "scene/storage/ProjectWriter_p.h"
 #include "scene/storage/SC_FileReport.h"
+#include "scene/storage/WholeWrite_p.h"
 #include "scene/storage/XmlBounds_p.h"
 
 #include <QCryptographicHash>
@@ -14,6 +15,7 @@
 #include <QFileInfo>
 #include <QSaveFile>
 
+#include <cerrno>
 #include <optional>
 
 namespace
@@ -167,19 +169,19 @@ bool SC_ProjectFile::write(const SC_Project &project, const QString &filePath, S
         return false;
     }
     if (!QDir().mkpath(info.path())) {
-        fail(report, filePath, QStringLiteral("not saved: the folder cannot be made"));
+        fail(report, filePath, QStringLiteral("not saved: the folder cannot be made: %1").arg(qt_error_string(errno)));
         return false;
     }
     TUDbSceneData &data = *project.projectCommon()->dbSceneData();
     QSaveFile file(filePath);
-    const bool isWritten = file.open(QIODevice::WriteOnly) && file.write(made.text) == made.text.size() && file.flush();
+    const bool isWritten = file.open(QIODevice::WriteOnly) && writeWhole(file, made.text) && file.flush();
     // Looked at as late as can be: others may save the same project.
     if (isWritten && !mayReplace(filePath, data.fileDigest(), report)) {
         file.cancelWriting();
         return false;
     }
     if (!isWritten || !file.commit()) {
-        fail(report, filePath, QStringLiteral("not saved: %1").arg(file.errorString()));
+        fail(report, filePath, QStringLiteral("not saved: it cannot be written: %1").arg(file.errorString()));
         return false;
     }
     // A copy elsewhere says nothing of the project's own file.

@@ -155,7 +155,7 @@ TEST(Saving, FailsWhereNothingCanBeWritten)
     session.newProject(folder.filePath(QStringLiteral("file/below")), QStringLiteral("p"));
     SC_FileReport report;
     EXPECT_FALSE(session.saveProject(&report));
-    EXPECT_EQ(textOf(report), "p.plotka: error: not saved: the folder cannot be made\n");
+    EXPECT_EQ(textOf(report), "p.plotka: error: not saved: the folder cannot be made: Not a directory\n");
 
     QDir(folder.path()).mkdir(QStringLiteral("p.plotka"));
     report.clear();
