@@ -3,6 +3,7 @@
 #include "cli/CliText.h"
 #include "cli/DisplayWidth.h"
 
+#include <cerrno>
 #include <cstdio>
 
 #include <sys/ioctl.h>
@@ -22,7 +23,7 @@ bool Console::writeResult(const QString &text)
     const auto size = static_cast<std::size_t>(bytes.size());
     if (std::fwrite(bytes.constData(), 1, size, stdout) == size && std::fflush(stdout) == 0)
         return true;
-    tell(CliText::tr("cannot write to standard output"));
+    tell(CliText::tr("cannot write to standard output: %1").arg(qt_error_string(errno)));
     return false;
 }
 

@@ -3,19 +3,21 @@
 #include "cli/CliText.h"
 #include "cli/CommandLine.h"
 #include "cli/Console.h"
+#include "cli/ForeignNames.h"
 #include "cli/ImportReport.h"
 #include "cli/OpenedProject.h"
 #include "cli/OutputFolder.h"
 #include "cli/Progress.h"
+#include "cli/ReportFile.h"
 #include "interchange/otio/OtioProjectImport.h"
 #include "project/PKC_SessionContext.h"
 #include "scene/session/SC_Project.h"
 #include "scene/storage/SC_FileReport.h"
+#include "scene/storage/SC_ProjectFile.h"
 
 #include <QCommandLineParser>
 #include <QDir>
 #include <QFileInfo>
-#include <QSaveFile>
 
 #include <cmath>
 #include <memory>
@@ -51,52 +53,84 @@ struct Order {
     OtioOptions options;
     bool isStrict = false;
     bool isForced = false;
+    bool waits = false;
 };
 
-/// The report as a file that is there only once it is committed; true without one to write.
-bool prepareReport(QSaveFile &file, const Order &order, const QString &text)
+ExitCode refuseExisting(const QString &folder)
 {
-    if (order.reportFile.isEmpty())
-        return true;
-    const QByteArray bytes = text.toUtf8();
-    if (file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.flush())
-        return true;
-    Console::tell(CliText::tr("%1: %2").arg(order.reportFile, file.errorString()));
-    return false;
+    Console::tell(CliText::tr("%1 exists; --force overrides").arg(folder));
+    return ExitCode::OutputExists;
 }
 
-bool commitReport(QSaveFile &file, const Order &order)
+/// Why the folder cannot be written to; Done when it can.
+ExitCode takeFolder(OutputFolder &folder, const Order &order)
 {
-    if (order.reportFile.isEmpty() || file.commit())
-        return true;
-    Console::tell(CliText::tr("%1: %2").arg(order.reportFile, file.errorString()));
-    return false;
-}
-
-ExitCode save(PKC_SessionContext &session, const ImportReport &report, const Order &order)
-{
-    const QString projectFile = session.project()->projectCommon()->dbSceneData()->filePath();
-    OutputFolder folder(order.folder);
-    if (const QString problem = folder.prepare(); !problem.isEmpty()) {
-        Console::tell(problem);
-        return ExitCode::Failed;
+    const auto existing = order.isForced ? OutputFolder::Existing::Replace : OutputFolder::Existing::Refuse;
+    const auto wait = order.waits ? SC_FolderLock::Wait::UntilFree : SC_FolderLock::Wait::No;
+    const OutputFolder::Access access = folder.prepare(existing, wait);
+    if (!folder.warning().isEmpty())
+        Console::tell(folder.warning());
+    switch (access) {
+    case OutputFolder::Access::Given:
+        return ExitCode::Done;
+    case OutputFolder::Access::Exists:
+        return refuseExisting(order.folder);
+    case OutputFolder::Access::Busy:
+        Console::tell(CliText::tr("another command is writing to %1; --wait waits until it is done").arg(order.folder));
+        return ExitCode::OutputExists;
+    case OutputFolder::Access::Failed:
+        break;
     }
-    // It may lie in the folder, which goes only when it is empty; so what is not committed goes first.
-    QSaveFile reportFile(order.reportFile);
-    if (!prepareReport(reportFile, order, report.jsonText(projectFile)))
-        return ExitCode::Failed;
+    Console::tell(folder.problem());
+    return ExitCode::Failed;
+}
+
+/// Writes the project beside what is there. It is the project's own file once it has been swapped in, and told of as that.
+bool writeStaged(PKC_SessionContext &session, OutputFolder &folder, const QString &projectFile)
+{
+    const QString staged = folder.stage(QFileInfo(projectFile).fileName());
+    if (staged.isEmpty()) {
+        Console::tell(folder.problem());
+        return false;
+    }
     SC_FileReport saving;
-    bool isSaved = false;
+    bool isWritten = false;
     {
         const Progress progress(CliText::tr("saving %1").arg(projectFile));
         session.createPlotkaProject(session.project()); // gives the panels the records that belong to them
-        isSaved = session.saveProject(&saving);
+        isWritten = SC_ProjectFile::write(*session.project(), staged, saving);
     }
-    tellReport(saving);
-    if (!isSaved || !Console::writeResult(projectFile + u'\n') || !commitReport(reportFile, order))
+    SC_FileReport told;
+    for (SC_FileReport::Entry entry : saving.entries()) {
+        entry.file = projectFile;
+        told.add(entry);
+    }
+    tellReport(told);
+    return isWritten;
+}
+
+ExitCode save(PKC_SessionContext &session, OutputFolder &folder, ReportFile &report, const Order &order)
+{
+    const QString projectFile = session.project()->projectCommon()->dbSceneData()->filePath();
+    if (const ExitCode code = takeFolder(folder, order); code != ExitCode::Done)
+        return code;
+    const auto toldOf = [](const QString &problem) {
+        Console::tell(problem);
         return ExitCode::Failed;
+    };
+    if (!report.prepare(order.input, projectFile))
+        return toldOf(report.problem());
+    if (!writeStaged(session, folder, projectFile))
+        return ExitCode::Failed;
+    if (!folder.swapIn())
+        return toldOf(folder.problem());
+    if (!Console::writeResult(projectFile + u'\n'))
+        return ExitCode::Failed;
+    if (!report.commit())
+        return toldOf(report.problem());
     folder.keep();
-    report.tell(ImportNote::Change);
+    for (const OutputFolder::Aside &aside : folder.earlierProjects())
+        Console::tell(CliText::tr("the earlier project %1 is now %2").arg(aside.name, aside.asideName));
     return ExitCode::Done;
 }
 
@@ -122,28 +156,33 @@ bool isReportInTheWay(const Order &order)
 
 ExitCode import(const Order &order)
 {
-    if (!order.isForced && OutputFolder(order.folder).isTaken()) {
-        Console::tell(CliText::tr("%1 exists; --force overrides").arg(order.folder));
-        return ExitCode::OutputExists;
-    }
+    // The report may lie in the folder, which goes only when it is empty; so the report goes first.
+    OutputFolder folder(order.folder);
+    ReportFile reportFile(order.reportFile);
+    if (!order.isForced && !order.waits && folder.isTaken())
+        return refuseExisting(order.folder);
     const std::unique_ptr<PKC_SessionContext> session(PKC_SessionContext::createSessionContext(nullptr, nullptr));
     OtioProjectImport imported;
     {
         const Progress progress(CliText::tr("importing %1").arg(order.input));
-        imported = OtioImport::importFileInto(*session, order.input, order.folder, order.options);
+        OtioOptions options = order.options;
+        options.onNote = [&reportFile](const ImportNote &note) { reportFile.add(note); };
+        imported = OtioImport::importFileInto(*session, order.input, order.folder, options);
     }
     if (imported.hasError()) {
         tellError(order.input, imported.error);
         return ExitCode::BadInput;
     }
-    const ImportReport report(order.input, std::move(imported.notes));
+    const ImportReport report(std::move(imported.notes));
     if (order.isStrict && report.count(ImportNote::Loss) > 0) {
         report.tell(ImportNote::Loss);
         Console::tell(CliText::tr("nothing is written, since something would be lost"));
         return ExitCode::SomethingLost;
     }
-    const ExitCode code = save(*session, report, order);
+    const ExitCode code = save(*session, folder, reportFile, order);
     session->releaseProject();
+    if (code == ExitCode::Done)
+        report.tell(ImportNote::Change);
     return code;
 }
 
@@ -155,10 +194,15 @@ ExitCode runImport(const QCommandLineParser &parser)
     order.reportFile = parser.value(QStringLiteral("report"));
     order.isStrict = parser.isSet(QStringLiteral("strict"));
     order.isForced = parser.isSet(QStringLiteral("force"));
+    order.waits = parser.isSet(QStringLiteral("wait"));
     if (order.folder.isEmpty())
         return refuseUsage(CliText::tr("import: -o DIR is missing"));
     if (parser.isSet(QStringLiteral("report")) && order.reportFile.isEmpty())
         return refuseUsage(CliText::tr("import: --report names no file"));
+    for (const QString &path : {order.folder, order.reportFile}) {
+        if (ForeignNames::isLink(path))
+            return refuseUsage(CliText::tr("import: names of what is written are in UTF-8"));
+    }
     if (isReportInTheWay(order))
         return refuseUsage(
             CliText::tr("import: the report would take the place of another file: %1").arg(order.reportFile));
@@ -174,14 +218,18 @@ ExitCode runImport(const QCommandLineParser &parser)
 Subcommand importCommand()
 {
     return {QStringLiteral("import"), {QStringLiteral("IN")},
-        QStringLiteral("IN -o DIR [--rate R] [--report FILE] [--strict] [--force]"),
+        QStringLiteral("IN -o DIR [--rate R] [--report FILE] [--strict] [--force] [--wait]"),
         CliText::tr("Make a project of an OpenTimelineIO cut."),
         {{{QStringLiteral("o"), QStringLiteral("output")}, CliText::tr("The folder of the new project."),
              QStringLiteral("DIR")},
             {QStringLiteral("rate"), CliText::tr("Frames per second instead of those of the cut."),
                 QStringLiteral("R")},
-            {QStringLiteral("report"), CliText::tr("Write the notes to a file, as JSON."), QStringLiteral("FILE")},
+            {QStringLiteral("report"), CliText::tr("Write all notes to a file or a pipe, as JSON."),
+                QStringLiteral("FILE")},
             {QStringLiteral("strict"), CliText::tr("Fail when something would be lost.")},
-            {QStringLiteral("force"), CliText::tr("Replace a project that is there already.")}},
+            {QStringLiteral("force"),
+                CliText::tr(
+                    "Use a folder that is there. An earlier project in it is kept, \"~\" appended to its name.")},
+            {QStringLiteral("wait"), CliText::tr("Wait while another command writes to the folder.")}},
         runImport};
 }

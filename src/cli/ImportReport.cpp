@@ -2,7 +2,6 @@
 
 #include "cli/CliText.h"
 #include "cli/Console.h"
-#include "cli/JsonWriter.h"
 
 namespace
 {
@@ -36,27 +35,6 @@ int ImportReport::count(ImportNote::Severity severity) const
     return sum;
 }
 
-QString ImportReport::jsonText(const QString &projectFile) const
-{
-    JsonWriter json;
-    json.beginObject();
-    json.field(QLatin1String("schema"), 1);
-    json.field(QLatin1String("input"), m_input);
-    json.field(QLatin1String("project"), projectFile);
-    json.beginArray(QLatin1String("notes"));
-    for (const ImportNote &note : m_notes) {
-        json.beginObject(JsonWriter::OneLine);
-        json.field(QLatin1String("severity"), severityText(note.severity));
-        json.field(QLatin1String("code"), note.code);
-        json.field(QLatin1String("item"), note.item);
-        json.field(QLatin1String("message"), note.message);
-        json.endObject();
-    }
-    json.endArray();
-    json.endObject();
-    return json.text();
-}
-
 void ImportReport::tell(ImportNote::Severity atLeast) const
 {
     if (m_notes.empty())
@@ -77,5 +55,5 @@ void ImportReport::tell(ImportNote::Severity atLeast) const
         }
     }
     if (untold > 0)
-        Console::tell(CliText::tr("and %1 more; --report FILE writes them, the first 100 of each kind").arg(untold));
+        Console::tell(CliText::tr("and %1 more; --report FILE writes them all").arg(untold));
 }

@@ -3,12 +3,22 @@
 #include "cli/CliText.h"
 
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
 
 #include <algorithm>
+#include <cerrno>
+#include <cstdio>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 namespace
 {
+
+/// Under the lock there is one writer, so one name is enough.
+const QString stageName = QStringLiteral(".plotka-new");
 
 /// The files in the folder that are projects, to the letter of their names.
 QStringList projectFiles(const QDir &folder)
@@ -34,68 +44,177 @@ QString freeAsideName(const QString &file)
     return name;
 }
 
+/// Makes a second name for the file or, where the file system knows no such thing, a copy that is on the disk. Nothing is
+/// replaced.
+bool duplicate(const QString &file, const QString &name)
+{
+    if (link(QFile::encodeName(file).constData(), QFile::encodeName(name).constData()) == 0)
+        return true;
+    QFile source(file);
+    QFile copy(name);
+    if (errno == EEXIST || !source.copy(name) || !copy.open(QIODevice::ReadWrite))
+        return false;
+    return fsync(copy.handle()) == 0;
+}
+
 } // namespace
 
 OutputFolder::~OutputFolder()
 {
+    if (!m_stage.isEmpty())
+        QDir(m_stage).removeRecursively();
     if (m_isKept)
         return;
-    // What was written before it failed goes first, then the earlier project has its name again.
-    if (m_isPrepared) {
-        const QDir folder(m_path);
-        const QStringList written = projectFiles(folder);
-        for (const QString &file : written)
-            QFile::remove(folder.filePath(file));
-    }
-    for (const MovedProject &moved : std::as_const(m_movedProjects))
-        QFile::rename(moved.asideName, moved.name);
+    undoSwap();
     for (auto folder = m_madeFolders.crbegin(); folder != m_madeFolders.crend(); ++folder)
         QDir().rmdir(*folder);
 }
 
 bool OutputFolder::isTaken() const
 {
-    if (QFileInfo(m_path).isDir())
-        return !QDir(m_path).isEmpty(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);
-    return isThere(m_path);
+    if (!QFileInfo(m_path).isDir())
+        return isThere(m_path);
+    QStringList entries = QDir(m_path).entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);
+    entries.removeAll(stageName);
+    return !entries.isEmpty();
 }
 
-QString OutputFolder::prepare()
+OutputFolder::Access OutputFolder::prepare(Existing existing, SC_FolderLock::Wait wait)
 {
-    QString problem = makeFolders();
-    if (problem.isEmpty())
-        problem = moveProjectsAside();
-    m_isPrepared = problem.isEmpty();
-    return problem;
+    // The folder may go between its making and its locking, when another process undoes what it did.
+    constexpr int patience = 100;
+    auto outcome = SC_FolderLock::Outcome::Gone;
+    for (int i = 0; outcome == SC_FolderLock::Outcome::Gone && i < patience; ++i) {
+        if (!makeFolders())
+            return Access::Failed;
+        outcome = m_lock.lock(m_path, wait);
+    }
+    if (outcome == SC_FolderLock::Outcome::Busy) {
+        m_madeFolders.clear(); // they are in use
+        return Access::Busy;
+    }
+    if (outcome != SC_FolderLock::Outcome::Taken)
+        m_warning =
+            CliText::tr("%1 cannot be locked (%2): nothing else may write there now").arg(m_path, m_lock.error());
+    // Asked only now: before, another process could still have been writing.
+    return existing == Existing::Refuse && isTaken() ? Access::Exists : Access::Given;
 }
 
-QString OutputFolder::makeFolders()
+QString OutputFolder::stage(const QString &fileName)
+{
+    const QString folder = QDir(m_path).filePath(stageName);
+    QDir(folder).removeRecursively();
+    if (mkdir(QFile::encodeName(folder).constData(), 0777) != 0) {
+        fail(CliText::tr("the folder %1 cannot be made").arg(folder));
+        return QString();
+    }
+    m_stage = folder;
+    m_staged = QDir(folder).filePath(fileName);
+    return m_staged;
+}
+
+// frees the name:  O.plotka = old                    O.plotka~ = nothing
+// keepBeside:      O.plotka = old                    O.plotka~ = old
+// move:            O.plotka = new                    O.plotka~ = old
+// move:            N.plotka = new (and no O.plotka)  O.plotka~ = old
+//
+// Each line is one step that happens or does not, and after each there is one project that opens.
+bool OutputFolder::swapIn()
+{
+    const QDir folder(m_path);
+    const QString fileName = QFileInfo(m_staged).fileName();
+    const QString target = folder.filePath(fileName);
+    const QStringList earlier = projectFiles(folder);
+    const QString replaced = earlier.contains(fileName) ? fileName : earlier.value(0);
+    if (replaced != fileName && isThere(target)) {
+        m_problem = CliText::tr("%1 is in the way").arg(target);
+        return false;
+    }
+    for (const QString &name : earlier) {
+        if (name != replaced && !putAside(folder.filePath(name)))
+            return false;
+    }
+    const QString place = replaced.isEmpty() ? target : folder.filePath(replaced);
+    if (!replaced.isEmpty() && !keepBeside(place))
+        return false;
+    if (!move(m_staged, place))
+        return false;
+    m_new = place;
+    if (place != target && !move(place, target))
+        return false;
+    m_new = target;
+    return true;
+}
+
+bool OutputFolder::makeFolders()
 {
     QStringList missing;
     for (QString path = QDir::cleanPath(QDir(m_path).absolutePath()); !QFileInfo(path).isDir();
          path = QFileInfo(path).path()) {
-        if (isThere(path))
-            return CliText::tr("%1 is no folder").arg(path);
+        if (isThere(path)) {
+            m_problem = CliText::tr("%1 is no folder").arg(path);
+            return false;
+        }
         missing.prepend(path);
     }
     for (const QString &path : std::as_const(missing)) {
-        if (!QDir().mkdir(path))
-            return CliText::tr("the folder %1 cannot be made").arg(path);
-        m_madeFolders += path;
+        if (mkdir(QFile::encodeName(path).constData(), 0777) == 0)
+            m_madeFolders += path;
+        else if (errno == ENOENT)
+            return true; // the one above has gone again; whoever locks this one finds out
+        else if (errno != EEXIST)
+            return fail(CliText::tr("the folder %1 cannot be made").arg(path));
     }
-    return QString();
+    return true;
 }
 
-QString OutputFolder::moveProjectsAside()
+bool OutputFolder::putAside(const QString &file)
 {
-    const QDir folder(m_path);
-    const QStringList files = projectFiles(folder);
-    for (const QString &name : files) {
-        const QString file = folder.filePath(name);
-        const QString asideName = freeAsideName(file);
-        if (!QFile::rename(file, asideName))
-            return CliText::tr("%1 cannot be renamed").arg(file);
-        m_movedProjects.push_back({file, asideName});
+    const QString asideName = freeAsideName(file);
+    if (!move(file, asideName))
+        return false;
+    m_asides.push_back({file, asideName});
+    return true;
+}
+
+bool OutputFolder::keepBeside(const QString &file)
+{
+    const QString asideName = freeAsideName(file);
+    if (!duplicate(file, asideName))
+        return fail(CliText::tr("%1 cannot be kept as %2").arg(file, asideName));
+    m_asides.push_back({file, asideName});
+    m_replaced = file;
+    return true;
+}
+
+bool OutputFolder::move(const QString &from, const QString &to)
+{
+    if (std::rename(QFile::encodeName(from).constData(), QFile::encodeName(to).constData()) == 0)
+        return true;
+    return fail(CliText::tr("%1 cannot be renamed to %2").arg(from, to));
+}
+
+/// Notes what went wrong, and the reason that the system has just given. False.
+bool OutputFolder::fail(const QString &what)
+{
+    m_problem = QStringLiteral("%1: %2").arg(what, qt_error_string(errno));
+    return false;
+}
+
+/// Goes the steps of swapIn() backwards, so that at each there is one project here too.
+void OutputFolder::undoSwap()
+{
+    const QString problem = m_problem;
+    if (!m_new.isEmpty() && m_replaced.isEmpty())
+        QFile::remove(m_new);
+    if (!m_replaced.isEmpty()) {
+        const QString asideName = m_asides.takeLast().asideName;
+        if (m_new.isEmpty())
+            QFile::remove(asideName); // the second name of what stands where it stood
+        else if (m_new == m_replaced || move(m_new, m_replaced))
+            move(asideName, m_replaced);
     }
-    return QString();
+    for (auto aside = m_asides.crbegin(); aside != m_asides.crend(); ++aside)
+        move(aside->asideName, aside->name);
+    m_problem = problem;
 }

@@ -1,4 +1,5 @@
 #include "cli/CommandLine.h"
+#include "cli/ForeignNames.h"
 
 #include <QCoreApplication>
 
@@ -24,8 +25,10 @@ void useUtf8()
 int main(int argc, char *argv[])
 {
     useUtf8();
+    ForeignNames names;
+    const QStringList arguments = names.decode(argc, argv); // the application takes words of its own out of them
     const QCoreApplication application(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("plotka"));
     QCoreApplication::setApplicationVersion(QStringLiteral(PLOTKA_VERSION));
-    return static_cast<int>(runCommandLine(QCoreApplication::arguments()));
+    return static_cast<int>(runCommandLine(arguments));
 }

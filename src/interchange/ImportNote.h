@@ -2,6 +2,8 @@
 
 #include <QString>
 
+#include <functional>
+
 /// One thing a reader of a foreign file has to tell about what became of it.
 struct ImportNote {
     /// Info: worth knowing. Change: it is there, but differs. Loss: it has no place and is gone.
@@ -16,3 +18,6 @@ struct ImportNote {
     /// How many things it speaks of.
     int count = 1;
 };
+
+/// Hears of notes one by one.
+using ImportNoteListener = std::function<void(const ImportNote &)>;

@@ -37,6 +37,9 @@ void ImportNotes::add(ImportNote::Severity severity, const char *code, const QSt
     const QString key = QString::fromLatin1(code);
     Count &count = m_counts[key];
     count.severity = severity;
+    const ImportNote note{severity, key, item, message};
+    if (m_listener)
+        m_listener(note);
     if (++count.count <= mostOfOneCode)
-        m_notes.push_back({severity, key, item, message});
+        m_notes.push_back(note);
 }

@@ -4,6 +4,7 @@
 
 #include <QMap>
 
+#include <utility>
 #include <vector>
 
 /// Collects notes, and of each code no more than a reader can take in: what goes beyond is counted
@@ -12,6 +13,10 @@ class ImportNotes
 {
 public:
     static constexpr int mostOfOneCode = 100;
+
+    ImportNotes() = default;
+    /// @p listener, unless it is empty, hears every note when it comes, those too that are only counted.
+    explicit ImportNotes(ImportNoteListener listener) : m_listener(std::move(listener)) {}
 
     void info(const char *code, const QString &item, const QString &message);
     void change(const char *code, const QString &item, const QString &message);
@@ -28,6 +33,7 @@ private:
 
     void add(ImportNote::Severity severity, const char *code, const QString &item, const QString &message);
 
+    ImportNoteListener m_listener;
     std::vector<ImportNote> m_notes;
     QMap<QString, Count> m_counts;
 };

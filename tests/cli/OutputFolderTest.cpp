@@ -25,63 +25,129 @@ protected:
         QFile file(path(name));
         return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
     }
-    QStringList files() const { return QDir(m_folder.path()).entryList(QDir::Files, QDir::Name); }
+    QStringList files() const
+    {
+        return QDir(m_folder.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot, QDir::Name);
+    }
     QString folder() const { return m_folder.path(); }
+
+    /// Takes the folder and writes a new project into its stage.
+    void stage(OutputFolder &output, const QString &name) const
+    {
+        ASSERT_EQ(output.prepare(OutputFolder::Existing::Replace), OutputFolder::Access::Given);
+        const QString staged = output.stage(name);
+        QFile file(staged);
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly)) << staged.toStdString();
+        file.write("new");
+    }
+    void swapIn(const QString &name) const
+    {
+        OutputFolder output(folder());
+        stage(output, name);
+        EXPECT_TRUE(output.swapIn()) << output.problem().toStdString();
+        output.keep();
+    }
 
 private:
     QTemporaryDir m_folder;
 };
 
+const QString oldProject = QStringLiteral("old.plotka");
+const QString newProject = QStringLiteral("new.plotka");
+
 } // namespace
 
-TEST_F(OutputFolderOnDisk, PutsTheEarlierProjectBackWhenTheNewOneIsNotKept)
+TEST_F(OutputFolderOnDisk, LeavesTheEarlierProjectWhenTheNewOneIsNotSwappedIn)
 {
-    write(QStringLiteral("old.plotka"), "old");
+    write(oldProject, "old");
     {
         OutputFolder output(folder());
         EXPECT_TRUE(output.isTaken());
-        EXPECT_EQ(output.prepare(), QString());
-        EXPECT_EQ(files(), QStringList{QStringLiteral("old.plotka~")});
-        write(QStringLiteral("new.plotka"), "half");
+        stage(output, newProject);
+        EXPECT_EQ(read(oldProject), QByteArray("old"));
     }
-    EXPECT_EQ(files(), QStringList{QStringLiteral("old.plotka")});
-    EXPECT_EQ(read(QStringLiteral("old.plotka")), QByteArray("old"));
+    EXPECT_EQ(files(), QStringList{oldProject});
 }
 
-TEST_F(OutputFolderOnDisk, KeepsEarlierBackupsWhetherTheNewOneIsKeptOrNot)
+TEST_F(OutputFolderOnDisk, PutsTheEarlierProjectBackWhenTheNewOneIsNotKept)
+{
+    for (const QString &name : {oldProject, newProject}) {
+        write(oldProject, "old");
+        {
+            OutputFolder output(folder());
+            stage(output, name);
+            EXPECT_TRUE(output.swapIn());
+            EXPECT_EQ(read(name), QByteArray("new"));
+            EXPECT_EQ(read(QStringLiteral("old.plotka~")), QByteArray("old"));
+        }
+        EXPECT_EQ(files(), QStringList{oldProject});
+        EXPECT_EQ(read(oldProject), QByteArray("old"));
+    }
+}
+
+TEST_F(OutputFolderOnDisk, KeepsEarlierBackups)
 {
     write(QStringLiteral("old.plotka~"), "oldest");
     write(QStringLiteral("old.plotka~2"), "older");
-    write(QStringLiteral("old.plotka"), "old");
-    const QStringList before = files();
-    {
-        OutputFolder output(folder());
-        EXPECT_EQ(output.prepare(), QString());
-        EXPECT_EQ(read(QStringLiteral("old.plotka~3")), QByteArray("old"));
-    }
-    EXPECT_EQ(files(), before);
-    {
-        OutputFolder output(folder());
-        EXPECT_EQ(output.prepare(), QString());
-        output.keep();
-    }
+    write(oldProject, "old");
+    swapIn(oldProject);
     EXPECT_EQ(files(),
-        (QStringList{QStringLiteral("old.plotka~"), QStringLiteral("old.plotka~2"), QStringLiteral("old.plotka~3")}));
+        (QStringList{oldProject, QStringLiteral("old.plotka~"), QStringLiteral("old.plotka~2"),
+            QStringLiteral("old.plotka~3")}));
+    EXPECT_EQ(read(oldProject), QByteArray("new"));
     EXPECT_EQ(read(QStringLiteral("old.plotka~")), QByteArray("oldest"));
     EXPECT_EQ(read(QStringLiteral("old.plotka~2")), QByteArray("older"));
     EXPECT_EQ(read(QStringLiteral("old.plotka~3")), QByteArray("old"));
 }
 
-TEST_F(OutputFolderOnDisk, LeavesWhatIsKept)
+TEST_F(OutputFolderOnDisk, SaysWhereTheEarlierProjectWent)
 {
-    write(QStringLiteral("old.plotka"), "old");
+    write(oldProject, "old");
+    OutputFolder output(folder());
+    stage(output, newProject);
+    ASSERT_TRUE(output.swapIn());
+    output.keep();
+    ASSERT_EQ(output.earlierProjects().size(), 1);
+    EXPECT_EQ(output.earlierProjects().first().name, path(oldProject));
+    EXPECT_EQ(output.earlierProjects().first().asideName, path(QStringLiteral("old.plotka~")));
+}
+
+TEST_F(OutputFolderOnDisk, HoldsOneProjectAfterwardsHoweverManyThereWere)
+{
+    write(QStringLiteral("a.plotka"), "a");
+    write(oldProject, "old");
     {
         OutputFolder output(folder());
-        EXPECT_EQ(output.prepare(), QString());
-        write(QStringLiteral("new.plotka"), "new");
-        output.keep();
+        stage(output, oldProject);
+        ASSERT_TRUE(output.swapIn());
+        EXPECT_EQ(read(QStringLiteral("a.plotka~")), QByteArray("a"));
     }
-    EXPECT_EQ(files(), (QStringList{QStringLiteral("new.plotka"), QStringLiteral("old.plotka~")}));
+    EXPECT_EQ(files(), (QStringList{QStringLiteral("a.plotka"), oldProject}));
+    EXPECT_EQ(read(oldProject), QByteArray("old"));
+    swapIn(newProject);
+    EXPECT_EQ(files(), (QStringList{QStringLiteral("a.plotka~"), newProject, QStringLiteral("old.plotka~")}));
+}
+
+TEST_F(OutputFolderOnDisk, PutsNothingInPlaceOfWhatIsNoProject)
+{
+    write(oldProject, "old");
+    QDir(folder()).mkdir(newProject);
+    {
+        OutputFolder output(folder());
+        stage(output, newProject);
+        EXPECT_FALSE(output.swapIn());
+        EXPECT_TRUE(output.problem().contains(newProject)) << output.problem().toStdString();
+    }
+    EXPECT_EQ(files(), (QStringList{newProject, oldProject}));
+}
+
+TEST_F(OutputFolderOnDisk, TakesAwayWhatAProcessThatDiedLeftInTheStage)
+{
+    QDir(folder()).mkpath(QStringLiteral(".plotka-new"));
+    write(QStringLiteral(".plotka-new/half.plotka"), "half");
+    EXPECT_FALSE(OutputFolder(folder()).isTaken());
+    swapIn(newProject);
+    EXPECT_EQ(files(), QStringList{newProject});
 }
 
 TEST_F(OutputFolderOnDisk, RemovesTheFoldersThatItMade)
@@ -89,9 +155,9 @@ TEST_F(OutputFolderOnDisk, RemovesTheFoldersThatItMade)
     {
         OutputFolder output(path(QStringLiteral("a/b")));
         EXPECT_FALSE(output.isTaken());
-        EXPECT_EQ(output.prepare(), QString());
+        stage(output, newProject);
         EXPECT_TRUE(QDir(path(QStringLiteral("a/b"))).exists());
-        write(QStringLiteral("a/b/new.plotka"), "half");
+        EXPECT_TRUE(output.swapIn());
     }
     EXPECT_FALSE(QDir(path(QStringLiteral("a"))).exists());
     EXPECT_TRUE(QDir(folder()).exists());
@@ -102,14 +168,35 @@ TEST_F(OutputFolderOnDisk, SaysWhatStandsInTheWay)
     write(QStringLiteral("file"), "mine");
     {
         OutputFolder output(path(QStringLiteral("file/sub")));
-        EXPECT_TRUE(output.prepare().contains(QStringLiteral("file")));
+        EXPECT_EQ(output.prepare(OutputFolder::Existing::Replace), OutputFolder::Access::Failed);
+        EXPECT_TRUE(output.problem().contains(QStringLiteral("file")));
     }
     EXPECT_EQ(read(QStringLiteral("file")), QByteArray("mine"));
 }
 
+TEST_F(OutputFolderOnDisk, IsRefusedWhereSomethingIsUnlessItMayBeReplaced)
+{
+    write(QStringLiteral(".notes"), "mine");
+    OutputFolder output(folder());
+    EXPECT_EQ(output.prepare(OutputFolder::Existing::Refuse), OutputFolder::Access::Exists);
+    EXPECT_EQ(output.prepare(OutputFolder::Existing::Replace), OutputFolder::Access::Given);
+}
+
+TEST_F(OutputFolderOnDisk, BelongsToOneAtATime)
+{
+    {
+        OutputFolder first(path(QStringLiteral("made")));
+        EXPECT_EQ(first.prepare(OutputFolder::Existing::Refuse), OutputFolder::Access::Given);
+        OutputFolder second(path(QStringLiteral("made")));
+        EXPECT_EQ(second.prepare(OutputFolder::Existing::Replace), OutputFolder::Access::Busy);
+    }
+    OutputFolder third(path(QStringLiteral("made")));
+    EXPECT_EQ(third.prepare(OutputFolder::Existing::Refuse), OutputFolder::Access::Given);
+}
+
 TEST_F(OutputFolderOnDisk, DoesNothingBeforeItIsPrepared)
 {
-    write(QStringLiteral("old.plotka"), "old");
+    write(oldProject, "old");
     EXPECT_TRUE(OutputFolder(folder()).isTaken());
-    EXPECT_EQ(files(), QStringList{QStringLiteral("old.plotka")});
+    EXPECT_EQ(files(), QStringList{oldProject});
 }

@@ -14,7 +14,7 @@ OtioReading OtioImport::read(const QByteArray &bytes, const OtioOptions &options
         return reading;
     }
 
-    ImportNotes notes;
+    ImportNotes notes(options.onNote);
     if (json.notFinite > 0) {
         notes.change("number-not-finite", QString(),
             OtioText::tr("numbers that are infinite or none at all, read as absent: %1").arg(json.notFinite));

@@ -15,6 +15,8 @@ struct OtioOptions {
     /// Frames per second of the storyboard instead of those of the file.
     bool hasRate = false;
     UT_FrameRate rate;
+    /// Hears every note when it comes. What is answered holds but the first of each code.
+    ImportNoteListener onNote;
 };
 
 /// Why a file is no cut.

@@ -91,7 +91,7 @@ OtioProjectImport OtioImport::importInto(SC_SessionContext &session, const QByte
     if (result.hasError())
         return result;
 
-    ImportNotes notes;
+    ImportNotes notes(options.onNote);
     const QString name = projectNameOf(reading.plan.name, fallbackName, notes);
     session.releaseProject(); // also what was built on it
     result.project = session.newProject(directory, name);
