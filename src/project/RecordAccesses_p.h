@@ -1,5 +1,6 @@
 #pragma once
 
+#include "project/NewRecord_p.h"
 #include "scene/metadata/PIO_MetadataAccess.h"
 
 #include <memory>
@@ -23,10 +24,8 @@ public:
     {
         if (!container || container->isComplete(kind))
             return;
-        open(container);
-        (accessOf<Records>().getOrCreate(), ...);
+        (addMissing<Records>(*container), ...);
         container->noteComplete(kind);
-        m_accesses.reset();
     }
 
     /// The record, or null when it has been taken away.
@@ -39,6 +38,13 @@ public:
 
 private:
     using Accesses = std::tuple<PIO_MetadataAccess<Records>...>;
+
+    template <typename Record>
+    static void addMissing(PIO_Metadatas &container)
+    {
+        if (PIO_MetadataAccess<Record>::placeIn(container, QString()) == container.view().size())
+            container.addShared(newRecord<Record>());
+    }
 
     void open(PIO_Metadatas *container)
     {

@@ -1,10 +1,10 @@
 #pragma once
 
 #include "project/FrameCache_p.h"
-#include "project/IdTable_p.h"
 #include "project/PanelPrivate_p.h"
 #include "project/ShotPrivate_p.h"
 #include "project/TransPrivate_p.h"
+#include "scene/base/UT_IdTable.h"
 
 #include <QHash>
 
@@ -17,7 +17,7 @@ namespace Plotka
 template <typename Object>
 struct ObjectCache {
     FrameCache<Object> byFrame;
-    IdTable<Object *> byId;
+    UT_IdTable<Object *> byId;
 
     void insert(const AT_FrameBlock &block, const UT_SharedPtr<Object> &object)
     {
@@ -39,8 +39,8 @@ struct TimelineCaches {
     ObjectCache<ShotPrivate> shots;        ///< by project frame
     ObjectCache<TransPrivate> transitions; ///< by project frame
     /// By id of the shot and then by frame of the shot's timed value; holds the panels.
-    IdTable<FrameCache<PanelPrivate>> panelsOfShot;
-    IdTable<PanelPrivate *> panels;
+    UT_IdTable<FrameCache<PanelPrivate>> panelsOfShot;
+    UT_IdTable<PanelPrivate *> panels;
 
     QHash<const SC_SceneCommon *, SC_Id> panelOfScene;
     QHash<const SC_SceneCommon *, SC_Id> shotOfScene;

@@ -5,6 +5,7 @@
 
 #include <QString>
 
+#include <cstddef>
 #include <typeinfo>
 #include <utility>
 
@@ -41,6 +42,16 @@ public:
         return result;
     }
 
+    /// The place of the record in the container; the number of its records when there is none.
+    static std::size_t placeIn(const PIO_Metadatas &records, const QString &name)
+    {
+        const PIO_Metadatas::View view = records.view();
+        std::size_t place = 0;
+        while (place < view.size() && !(isOfClass(view[place]) && (name.isNull() || view[place].metaName() == name)))
+            ++place;
+        return place;
+    }
+
     // The order of the fields is relied on by those that hold an access. Null where there is none.
     PIO_Metadatas *container = nullptr;
     T *result = nullptr;
@@ -48,15 +59,16 @@ public:
     QString name;
 
 private:
+    // Most records are exactly of the class asked for, or of one that has nothing to do with it.
+    static bool isOfClass(const PIO_Metadata &record)
+    {
+        return typeid(record) == typeid(T) || dynamic_cast<const T *>(&record);
+    }
+
     T *find() const
     {
-        for (PIO_Metadata *record : *container) {
-            // Most records are exactly of the class asked for, or of one that has nothing to do with it.
-            T *candidate = typeid(*record) == typeid(T) ? static_cast<T *>(record) : dynamic_cast<T *>(record);
-            if (candidate && (name.isNull() || candidate->metaName() == name))
-                return candidate;
-        }
-        return nullptr;
+        const std::size_t place = placeIn(*container, name);
+        return place < container->view().size() ? dynamic_cast<T *>(container->own(place)) : nullptr;
     }
 
     // An address alone does not tell a record from another made in its place.

@@ -6,8 +6,8 @@
 #include "scene/metadata/PIO_WritingContext.h"
 #include "scene/metadata/PO_XmlWriter.h"
 
+#include <cstddef>
 #include <typeinfo>
-#include <vector>
 
 void PIO_RecordWriter::write(const PIO_Metadata &record, PIO_WritingContext &context)
 {
@@ -29,8 +29,8 @@ void PIO_RecordWriter::write(const PIO_Metadatas *records, PIO_WritingContext &c
 {
     if (!records)
         return;
-    // A copy: a record that is being written may ask for another one, which is then made.
-    const std::vector<PIO_Metadata *> all(records->begin(), records->end());
-    for (const PIO_Metadata *record : all)
-        write(*record, context);
+    // By place: a record that is being written may ask for another one, which is then made.
+    const std::size_t count = records->view().size();
+    for (std::size_t place = 0; place < count; ++place)
+        write(records->view()[place], context);
 }

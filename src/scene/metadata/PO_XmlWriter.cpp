@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace
 {
@@ -169,6 +170,23 @@ void PO_XmlWriter::writeMarkup(const QString &markup)
     closeTag();
     m_bytes.append(markup.toUtf8());
     m_endOnSameLine = true;
+}
+
+void PO_XmlWriter::forgetText()
+{
+    closeTag();
+    m_bytes.resize(0); // keeps the room
+}
+
+QByteArray PO_XmlWriter::takeText()
+{
+    return std::exchange(m_bytes, QByteArray());
+}
+
+void PO_XmlWriter::writeElements(const QByteArray &elements)
+{
+    closeTag();
+    m_bytes.append(elements);
 }
 
 void PO_XmlWriter::closeTag()

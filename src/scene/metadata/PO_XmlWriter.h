@@ -51,6 +51,19 @@ public:
     /// Puts well-formed XML as it stands into the current element, white space included.
     void writeMarkup(const QString &markup);
 
+    /// @name Text taken apart
+    /// Of a writer without a device.
+    /// @{
+    /// Ends the tag that is open, so that what comes next begins at the end of bytes().
+    void endTag() { closeTag(); }
+    /// Forgets the text; the elements that are open stay open.
+    void forgetText();
+    /// Hands the text over, which this writer then has no more.
+    QByteArray takeText();
+    /// Puts in whole elements that another writer wrote in the same depth, line breaks before them included.
+    void writeElements(const QByteArray &elements);
+    /// @}
+
 private:
     void closeTag();
     void newLine();

@@ -16,6 +16,12 @@ SC_Project::~SC_Project()
         takeOut(m_scenes.end() - 1);
 }
 
+const PIO_Metadata *SC_Project::keepOriginal(std::unique_ptr<PIO_Metadata> record)
+{
+    m_originals.push_back(std::move(record));
+    return m_originals.back().get();
+}
+
 SC_SceneBase *SC_Project::sceneAt(unsigned int index) const
 {
     return index < m_scenes.size() ? m_scenes[index].get() : nullptr;
@@ -33,7 +39,7 @@ TUScene *SC_Project::addScene(const SC_Id &objectId, const SC_Id &sceneId)
         return nullptr;
     TUScene *const scene = new TUScene(&m_projectCommon, objectId, sceneId);
     m_scenes.emplace_back(scene);
-    m_projectCommon.sceneManager()->m_scenes.insert(sceneId, scene);
+    m_projectCommon.sceneManager()->m_scenes[sceneId] = scene;
     if (TUSceneChangeManager *changes = m_projectCommon.changeManager())
         changes->emitSceneChanged();
     return scene;

@@ -2,6 +2,7 @@
 
 #include "plotka_scene_export.h"
 #include "scene/base/UT_ShareBase.h"
+#include "scene/metadata/PIO_Metadata.h"
 #include "scene/metadata/PIO_Metadatas.h"
 #include "scene/session/SC_ProjectCommon.h"
 
@@ -27,6 +28,9 @@ public:
     SC_ProjectCommon *projectCommon() const { return &m_projectCommon; }
     PIO_Metadatas *metadatas() const { return &m_metadatas; }
 
+    /// Keeps a record that containers of this project share, and gives it back.
+    const PIO_Metadata *keepOriginal(std::unique_ptr<PIO_Metadata> record);
+
     /// @name Edits
     /// @{
     /// A new last scene with fresh ids, a container and a root group.
@@ -43,6 +47,7 @@ private:
 
     void takeOut(SceneList::iterator place);
 
+    std::vector<std::unique_ptr<PIO_Metadata>> m_originals; // go after all containers
     mutable SC_ProjectCommon m_projectCommon;
     mutable PIO_Metadatas m_metadatas;
     SceneList m_scenes;

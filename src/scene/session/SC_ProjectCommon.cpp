@@ -30,7 +30,7 @@ void SC_ProjectCommon::reserveId(const SC_Id &id)
 
 bool SC_ProjectCommon::isFree(const SC_Id &id) const
 {
-    return id.value() > 0 && id.value() < idLimit && !m_owners.contains(id.value());
+    return id.value() > 0 && id.value() < idLimit && !m_owners.find(id);
 }
 
 SC_ProjectCommon::Claim SC_ProjectCommon::claimOf(const SC_Id &objectId, const SC_Id &sceneId) const
@@ -41,8 +41,8 @@ SC_ProjectCommon::Claim SC_ProjectCommon::claimOf(const SC_Id &objectId, const S
     for (const SC_Id &id : {objectId, sceneId}) {
         if (id.value() < 0 || id.value() >= idLimit)
             return Foreign;
-        const auto owner = m_owners.constFind(id.value());
-        if (owner == m_owners.cend())
+        const Owner *const owner = m_owners.find(id);
+        if (!owner)
             continue;
         if (owner->objectId != objectId || (!sceneId.isNull() && owner->sceneId != sceneId))
             return Foreign;
@@ -52,27 +52,35 @@ SC_ProjectCommon::Claim SC_ProjectCommon::claimOf(const SC_Id &objectId, const S
     return claim;
 }
 
-void SC_ProjectCommon::setPlaced(const SC_Id &objectId, const SC_Id &sceneId, bool placed)
+void SC_ProjectCommon::setPlaced(const SC_Id &objectId, const SC_Id &sceneId, bool placed, const TUSeq *by)
 {
     for (const SC_Id &id : {objectId, sceneId}) {
         if (id.isNull())
             continue;
-        Owner &owner = m_owners[id.value()];
-        owner = {objectId, sceneId.isNull() ? owner.sceneId : sceneId, owner.isScene, placed};
+        Owner &owner = m_owners[id];
+        owner = {objectId, sceneId.isNull() ? owner.sceneId : sceneId, owner.isScene, placed, placed ? by : nullptr};
         if (!owner.isScene && !owner.isPlaced)
-            m_owners.remove(id.value());
+            m_owners.remove(id);
         reserveId(id);
     }
 }
 
+const TUSeq *SC_ProjectCommon::sequenceOf(const SC_Id &objectId) const
+{
+    const Owner *const owner = m_owners.find(objectId);
+    return owner && owner->objectId == objectId ? owner->placedBy : nullptr;
+}
+
 bool SC_ProjectCommon::takeForScene(const SC_Id &objectId, const SC_Id &sceneId)
 {
-    if (objectId.isNull() || sceneId.isNull() || claimOf(objectId, sceneId) == Foreign
-        || m_owners.value(objectId.value()).isScene)
+    if (objectId.isNull() || sceneId.isNull() || claimOf(objectId, sceneId) == Foreign)
+        return false;
+    if (const Owner *known = m_owners.find(objectId); known && known->isScene)
         return false;
     for (const SC_Id &id : {objectId, sceneId}) {
-        Owner &owner = m_owners[id.value()];
-        owner = {objectId, sceneId, /*isScene*/ true, owner.isPlaced}; // a block may have come before its scene
+        Owner &owner = m_owners[id];
+        owner = {objectId, sceneId, /*isScene*/ true, owner.isPlaced,
+            owner.placedBy}; // a block may have come before its scene
         reserveId(id);
     }
     return true;

@@ -3,12 +3,14 @@
 #include "plotka_scene_export.h"
 #include "scene/base/SC_Id.h"
 #include "scene/base/UT_FrameRate.h"
+#include "scene/base/UT_IdTable.h"
 #include "scene/changes/TUSceneChangeManager.h"
 #include "scene/session/SC_SceneManager.h"
 #include "scene/session/TUDbSceneData.h"
 
-#include <QHash>
 #include <QPointer>
+
+class TUSeq;
 
 /// What all scenes of a project share.
 class PLOTKA_SCENE_EXPORT SC_ProjectCommon
@@ -55,8 +57,15 @@ public:
     /// Free when a block may place the scene with these ids, Placed when one does already, and Foreign when one of them
     /// belongs to something else or is none that a project gives out. The scene id is null when none is told.
     Claim claimOf(const SC_Id &objectId, const SC_Id &sceneId) const;
-    bool isPlaced(const SC_Id &id) const { return m_owners.value(id.value()).isPlaced; }
-    void setPlaced(const SC_Id &objectId, const SC_Id &sceneId, bool placed);
+    bool isPlaced(const SC_Id &id) const
+    {
+        const Owner *owner = m_owners.find(id);
+        return owner && owner->isPlaced;
+    }
+    /// @p by is the sequence that places it in a block; null for what stands in none.
+    void setPlaced(const SC_Id &objectId, const SC_Id &sceneId, bool placed, const TUSeq *by = nullptr);
+    /// The sequence that places the object; null when none does.
+    const TUSeq *sequenceOf(const SC_Id &objectId) const;
     /// False, and nothing has changed, when a new scene cannot have these ids.
     bool takeForScene(const SC_Id &objectId, const SC_Id &sceneId);
     /// @}
@@ -67,6 +76,7 @@ private:
         SC_Id sceneId;        // null for what has one id
         bool isScene = false; // also of a scene that has gone
         bool isPlaced = false;
+        const TUSeq *placedBy = nullptr; // not owned: it tells before it goes
     };
 
     mutable SC_SceneManager m_sceneManager;
@@ -75,5 +85,5 @@ private:
     UT_FrameRate m_frameRate;
     qint64 m_startTimecode = 0;
     qint64 m_nextId = 1;
-    QHash<qint64, Owner> m_owners;
+    UT_IdTable<Owner> m_owners;
 };

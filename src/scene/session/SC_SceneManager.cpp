@@ -4,5 +4,6 @@
 
 SC_SceneBase *SC_SceneManager::find(const SC_Id &sceneId) const
 {
-    return m_scenes.value(sceneId);
+    TUScene *const *known = m_scenes.find(sceneId);
+    return known ? *known : nullptr;
 }

@@ -2,8 +2,7 @@
 
 #include "plotka_scene_export.h"
 #include "scene/base/SC_Id.h"
-
-#include <QHash>
+#include "scene/base/UT_IdTable.h"
 
 class SC_SceneBase;
 class TUScene;
@@ -18,5 +17,5 @@ public:
 private:
     friend class SC_Project;
 
-    QHash<SC_Id, TUScene *> m_scenes;
+    UT_IdTable<TUScene *> m_scenes;
 };

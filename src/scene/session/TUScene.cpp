@@ -12,7 +12,7 @@
 
 TUScene::TUScene(SC_ProjectCommon *projectCommon, SC_Id objectId, SC_Id sceneId) :
     m_objectId(objectId), m_sceneId(sceneId), m_sceneCommon(this, projectCommon),
-    m_rootGroup(new TUGroup(&m_sceneCommon, QStringLiteral("Top")))
+    m_rootGroup(new TUGroup(&m_sceneCommon, rootName()))
 {
 }
 
@@ -23,6 +23,11 @@ TUScene::~TUScene()
     UT_Edition::advanceByDeath(); // also when nobody watched it, but found it by its id
     for (TUTimedValue *timedValue : std::exchange(m_timedValues, {}))
         delete timedValue;
+}
+
+QString TUScene::rootName()
+{
+    return QStringLiteral("Top");
 }
 
 TUGroup *TUScene::getRootGroup() const

@@ -34,6 +34,8 @@ public:
     PIO_Metadatas *metadatas() const { return &m_metadatas; }
     SC_SceneCommon *sceneCommon() const { return &m_sceneCommon; }
     SC_ProjectCommon *projectCommon() const { return m_sceneCommon.projectCommon(); }
+    /// The name of the root group of a new scene.
+    static QString rootName();
     /// Never null here; callers stand null all the same.
     TUGroup *getRootGroup() const;
     /// Null but for the top scene.

@@ -22,6 +22,8 @@ public:
 
     /// A node as it stands in the file, with the links that its element tells.
     void addNode(MO_Node *node, const SC_Id &scene, const ElementAttributes &attributes);
+    /// The same for a node of which the file says nothing.
+    void addNode(MO_Node *node, const SC_Id &scene, qint64 number) { m_nodes.push_back({scene.value(), number, node}); }
     /// A timed value drives a node.
     void addLink(TUTimedValue *timedValue, const SC_Id &scene, const ElementAttributes &attributes);
 

@@ -7,7 +7,7 @@ namespace ProjectFileKeys
 {
 
 /// Written into every file, and the newest that is read.
-constexpr int formatVersion = 1;
+constexpr int formatVersion = 2;
 
 inline const QString plotka = QStringLiteral("plotka");
 inline const QString format = QStringLiteral("format");
@@ -18,6 +18,9 @@ inline const QString startTimecode = QStringLiteral("startTimecode");
 
 inline const QString metadata = QStringLiteral("metadata");
 inline const QString type = QStringLiteral("type");
+
+inline const QString newRecords = QStringLiteral("newRecords");
+inline const QString as = QStringLiteral("as");
 
 inline const QString scene = QStringLiteral("scene");
 inline const QString object = QStringLiteral("object");

@@ -49,10 +49,15 @@ bool meansAsciiByItself(QStringView encoding)
     return false;
 }
 
+QString titleOf(const TUScene &scene)
+{
+    return QStringLiteral("scene %1").arg(scene.objectId().AsString());
+}
+
 } // namespace
 
-ProjectReader::ProjectReader(const QByteArray &text, const QString &filePath, SC_FileReport &report) :
-    m_filePath(filePath), m_report(filePath, report), m_text(text), m_buffer(&m_text), m_network(m_report)
+ProjectReader::ProjectReader(QByteArray text, const QString &filePath, SC_FileReport &report) :
+    m_filePath(filePath), m_report(filePath, report), m_text(std::move(text)), m_buffer(&m_text), m_network(m_report)
 {
 }
 
@@ -78,6 +83,7 @@ SC_Project *ProjectReader::read()
         m_report.fail(
             FilePlace::of(m_xml), isTruncated ? QStringLiteral("the file is truncated") : m_xml.errorString());
     }
+    forgetText();
     if (!m_report.hasFailed()) {
         for (SequenceLoader &sequence : m_sequences)
             sequence.finish();
@@ -85,6 +91,14 @@ SC_Project *ProjectReader::read()
     }
     m_report.close();
     return m_report.hasFailed() ? nullptr : m_project.release();
+}
+
+/// What follows needs memory of its own.
+void ProjectReader::forgetText()
+{
+    m_xml.clear();
+    m_buffer.close();
+    m_text.clear();
 }
 
 void ProjectReader::readProject()
@@ -100,6 +114,8 @@ void ProjectReader::readProject()
             readRecord(m_project->metadatas(), QStringLiteral("project"));
         else if (m_xml.name() == keys::scene)
             readScene();
+        else if (m_xml.name() == keys::newRecords)
+            readNewRecords();
         else
             skipUnknown();
     }
@@ -165,7 +181,9 @@ void ProjectReader::readSceneParts(TUScene &scene)
     while (findElement()) {
         const QStringView name = m_xml.name();
         if (name == keys::metadata)
-            readRecord(scene.metadatas(), QStringLiteral("scene %1").arg(scene.objectId().AsString()));
+            readRecord(scene.metadatas(), titleOf(scene));
+        else if (name == keys::newRecords)
+            shareNewRecords(scene);
         else if (name == keys::sequence)
             readSequence(scene);
         else if (name == keys::sounds)
@@ -177,6 +195,8 @@ void ProjectReader::readSceneParts(TUScene &scene)
         else
             skipUnknown();
     }
+    if (!hasRoot)
+        m_network.addNode(scene.getRootGroup(), scene.sceneId(), 1);
 }
 
 void ProjectReader::readSequence(TUScene &scene)
@@ -340,8 +360,14 @@ void ProjectReader::readComposite(TUScene &scene)
 
 void ProjectReader::readRecord(PIO_Metadatas *records, const QString &holder)
 {
+    records->add(readRecord(holder).release());
+}
+
+/// Null, and told of, when the record is left out.
+std::unique_ptr<PIO_Metadata> ProjectReader::readRecord(const QString &holder)
+{
     if (!begin())
-        return;
+        return nullptr;
     PIO_RecordResult result = PIO_RecordReader::read(m_xml);
     --m_depth; // the record was read to its end
     if (!result.message.isEmpty()) {
@@ -349,11 +375,52 @@ void ProjectReader::readRecord(PIO_Metadatas *records, const QString &holder)
         m_report.warn({result.line, result.column}, QStringLiteral("record \"%1\"").arg(type), result.message);
     }
     if (!result.record)
-        return;
+        return nullptr;
     const QString item = QStringLiteral("%1, record \"%2\"").arg(holder, result.record->metaType());
     for (const PIO_RecordResult::Remark &remark : result.remarks)
         m_report.remark({remark.line, remark.column}, item, remark.text);
-    records->add(result.record.release());
+    return std::move(result.record);
+}
+
+/// Records that stand once in the file, for all the scenes that have them.
+void ProjectReader::readNewRecords()
+{
+    if (!begin())
+        return;
+    const ElementAttributes attributes(m_xml, m_report);
+    const auto number = attributes.findNumber(keys::number);
+    if (!number || m_newRecords.contains(*number))
+        return skipDamaged(m_xml.name().toString(), QStringLiteral("its number cannot be read or is given twice"));
+    NewRecords &read = m_newRecords[*number];
+    while (findElement()) {
+        if (m_xml.name() != keys::metadata) {
+            skipUnknown();
+            continue;
+        }
+        const qint64 from = m_xml.characterOffset();
+        if (auto original = readRecord(QStringLiteral("new records %1").arg(*number)))
+            read.originals.push_back(m_project->keepOriginal(std::move(original)));
+        read.size += m_xml.characterOffset() - from;
+    }
+}
+
+void ProjectReader::shareNewRecords(TUScene &scene)
+{
+    const ElementAttributes attributes(m_xml, m_report);
+    const auto known = m_newRecords.constFind(attributes.findNumber(keys::as).value_or(0));
+    if (known == m_newRecords.cend()) {
+        return skipDamaged(QStringLiteral("records of %1").arg(titleOf(scene)),
+            QStringLiteral("what they are does not stand before the scene"));
+    }
+    m_sharedSize += known->size;
+    if (m_text.size() + m_sharedSize > sizeLimit)
+        return fail(QStringLiteral("the records of all scenes are larger than %1 bytes").arg(sizeLimit));
+    for (const PIO_Metadata *original : known->originals) {
+        if (!begin())
+            return;
+        scene.metadatas()->addShared(original);
+    }
+    end();
 }
 
 /// Counts an item of the file. False when it is one too many.
@@ -383,7 +450,7 @@ bool ProjectReader::findElement()
     while (next() != QXmlStreamReader::Invalid && !m_xml.isEndElement()) {
         if (m_xml.isStartElement())
             return true;
-        if (m_xml.isCharacters() && !m_xml.text().trimmed().isEmpty())
+        if (m_xml.isCharacters() && !m_xml.isWhitespace() && !m_xml.text().trimmed().isEmpty())
             m_report.warn(FilePlace::of(m_xml), QStringLiteral("text"),
                 QStringLiteral("left out: no text is known between elements here"));
     }
@@ -430,10 +497,8 @@ void ProjectReader::skipReservingIds()
 /// An id belongs to one thing. False, and an error, when it is taken.
 bool ProjectReader::takeId(const SC_Id &id)
 {
-    const qsizetype known = m_ids.size();
-    m_ids.insert(id.value());
     m_project->projectCommon()->reserveId(id);
-    if (m_ids.size() > known)
+    if (!std::exchange(m_ids[id], true))
         return true;
     fail(QStringLiteral("the id %1 is given twice").arg(id.AsString()));
     return false;

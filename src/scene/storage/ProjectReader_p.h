@@ -1,19 +1,21 @@
 #pragma once
 
 #include "scene/base/SC_Id.h"
+#include "scene/base/UT_IdTable.h"
 #include "scene/storage/LoadReport_p.h"
 #include "scene/storage/NetworkLoader_p.h"
 #include "scene/storage/SequenceLoader_p.h"
 
 #include <QBuffer>
 #include <QByteArray>
-#include <QSet>
+#include <QHash>
 #include <QString>
 #include <QXmlStreamReader>
 
 #include <memory>
 #include <vector>
 
+class PIO_Metadata;
 class PIO_Metadatas;
 class SC_Project;
 class TUGroup;
@@ -32,8 +34,10 @@ public:
     /// More than these no storyboard has; a file that tells more is believed to be a trap.
     static constexpr int sceneLimit = 1000000;
     static constexpr int itemLimit = 8000000;
+    /// In bytes: a hundred times what a hundred hours of storyboard take. New records count in each scene that has them.
+    static constexpr qint64 sizeLimit = qint64(1) << 30;
 
-    ProjectReader(const QByteArray &text, const QString &filePath, SC_FileReport &report);
+    ProjectReader(QByteArray text, const QString &filePath, SC_FileReport &report);
 
     /// Null after an error. The caller takes the project over.
     SC_Project *read();
@@ -51,8 +55,12 @@ private:
     void readNodesOf(TUGroup &root);
     TUGroup *readNode(TUGroup &group);
     void readComposite(TUScene &scene);
+    void readNewRecords();
+    void shareNewRecords(TUScene &scene);
     void readRecord(PIO_Metadatas *records, const QString &holder);
+    std::unique_ptr<PIO_Metadata> readRecord(const QString &holder);
 
+    void forgetText();
     bool begin();
     QXmlStreamReader::TokenType next();
     bool findElement();
@@ -71,8 +79,14 @@ private:
     std::unique_ptr<SC_Project> m_project;
     NetworkLoader m_network;
     std::vector<SequenceLoader> m_sequences;
-    QSet<qint64> m_ids;
-    SC_Id m_sceneId; // of the scene that is being read
+    UT_IdTable<bool> m_ids; // given to something
+    struct NewRecords {
+        std::vector<const PIO_Metadata *> originals; // the project's
+        qint64 size = 0;                             // of their text
+    };
+    QHash<qint64, NewRecords> m_newRecords; // by number
+    qint64 m_sharedSize = 0;                // of the text of new records, in each scene that has them
+    SC_Id m_sceneId;                        // of the scene that is being read
     int m_items = 0;
     int m_depth = 0; // how many elements stand open, the current one among them
 };

@@ -2,8 +2,6 @@
 
 #include "scene/metadata/PIO_Metadatas.h"
 #include "scene/metadata/PIO_RecordWriter.h"
-#include "scene/metadata/PIO_WritingContext.h"
-#include "scene/metadata/PO_XmlWriter.h"
 #include "scene/network/MO_ElementModule.h"
 #include "scene/network/MO_Port.h"
 #include "scene/network/MO_UnconnectedCompositeModule.h"
@@ -71,14 +69,18 @@ void walk(const TUGroup &root, const Enter &enter, const Leave &leave)
     }
 }
 
-} // namespace
-
-ProjectWriter::ProjectWriter(const SC_Project &project, PIO_WritingContext &context) :
-    m_project(project), m_context(context), m_writer(context.xmlWriter())
+/// As every scene has it from the beginning; nothing need be said of it.
+bool isPlainRoot(const TUGroup &root)
 {
+    const MO_Port *const in = root.inPort(0);
+    const bool isFed = in && in->realSrcPort();
+    return root.subNodesBegin() == root.subNodesEnd() && root.instanceName() == TUScene::rootName() && root.isEnabled()
+        && !root.lock() && !root.isCollapsed() && !isFed;
 }
 
-void ProjectWriter::write(const QString &name)
+} // namespace
+
+QByteArray ProjectWriter::text(const QString &name)
 {
     // Numbered first: a link may lead into a later scene.
     for (unsigned int i = 0; i < m_project.sceneCount(); ++i) {
@@ -86,20 +88,32 @@ void ProjectWriter::write(const QString &name)
             number(*scene);
     }
 
-    const SC_ProjectCommon &common = *m_project.projectCommon();
     m_writer.beginDocument();
     m_writer.beginElement(keys::plotka);
-    m_writer.encodeIntAttr(keys::format, keys::formatVersion);
-    m_writer.encodeStringAttr(keys::name, name);
-    m_writer.encodeStringAttr(keys::nextId, textOf(common.nextId()));
-    m_writer.encodeStringAttr(keys::rate, common.frameRate().asString());
-    m_writer.encodeStringAttr(keys::startTimecode, textOf(common.startTimecode()));
-    writeRecords(m_project.metadatas());
+    writeHeader(name);
+    m_writer.endTag();
+    const qsizetype beforeScenes = m_writer.bytes().size();
     for (unsigned int i = 0; i < m_project.sceneCount(); ++i) {
         if (const auto *scene = dynamic_cast<const TUScene *>(m_project.sceneAt(i)))
             writeScene(*scene);
     }
     m_writer.endElement();
+    // What scenes have in common is known once all are written.
+    QByteArray text = m_writer.takeText();
+    text.insert(beforeScenes, m_newRecords.text());
+    return text;
+}
+
+void ProjectWriter::writeHeader(const QString &name)
+{
+    const SC_ProjectCommon &common = *m_project.projectCommon();
+    m_writer.encodeIntAttr(keys::format, keys::formatVersion);
+    m_writer.encodeStringAttr(keys::name, name);
+    m_writer.encodeStringAttr(keys::nextId, textOf(common.nextId()));
+    m_writer.encodeStringAttr(keys::rate, common.frameRate().asString());
+    m_writer.encodeStringAttr(keys::startTimecode, textOf(common.startTimecode()));
+    m_items += static_cast<qint64>(m_project.metadatas()->view().size());
+    PIO_RecordWriter::write(m_project.metadatas(), m_context);
 }
 
 void ProjectWriter::beginItem(const QString &key)
@@ -118,25 +132,20 @@ void ProjectWriter::number(const TUScene &scene)
         m_numbers.insert(composite, ++last);
 }
 
-void ProjectWriter::writeRecords(const PIO_Metadatas *records)
-{
-    m_items += records->end() - records->begin();
-    PIO_RecordWriter::write(records, m_context);
-}
-
 void ProjectWriter::writeScene(const TUScene &scene)
 {
     beginItem(keys::scene);
     m_writer.encodeStringAttr(keys::object, scene.objectId().AsString());
     m_writer.encodeStringAttr(keys::scene, scene.sceneId().AsString());
-    writeRecords(scene.metadatas());
+    m_items += static_cast<qint64>(scene.metadatas()->view().size());
+    m_newRecords.write(*scene.metadatas(), m_writer);
     for (const TUTimedValue *timedValue : scene.timedValues()) {
         if (const auto *sequence = dynamic_cast<const TUSeqTimedValue *>(timedValue))
             writeSequence(*sequence);
         else if (const auto *sounds = dynamic_cast<const TUSoundTimedValue *>(timedValue))
             writeSounds(*sounds);
     }
-    if (const TUGroup *root = scene.getRootGroup())
+    if (const TUGroup *root = scene.getRootGroup(); root && !isPlainRoot(*root))
         walk(
             *root, [this](const MO_Node &node) { beginNode(node); }, [this] { m_writer.endElement(); });
     if (const MO_UnconnectedCompositeModule *composite = scene.unconnectedComposite())
@@ -189,8 +198,11 @@ void ProjectWriter::writeBlock(const AT_FrameBlock &block)
         m_writer.encodeStringAttr(keys::object, seq->identifiedSeq()->id.AsString());
         m_writer.encodeStringAttr(keys::scene, seq->sceneSeq()->id.AsString());
         if (warp) {
-            m_writer.encodeDoubleAttr(keys::start, warp->start);
-            m_writer.encodeDoubleAttr(keys::end, warp->end);
+            // What is not written is read so: most warps show all that they place.
+            if (warp->start != 1.0)
+                m_writer.encodeDoubleAttr(keys::start, warp->start);
+            if (warp->end != double(block.key.frameCount))
+                m_writer.encodeDoubleAttr(keys::end, warp->end);
         }
     }
     m_writer.endElement();

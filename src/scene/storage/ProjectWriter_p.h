@@ -1,5 +1,9 @@
 #pragma once
 
+#include "scene/metadata/PIO_WritingContext.h"
+#include "scene/metadata/PO_XmlWriter.h"
+#include "scene/storage/NewRecordTable_p.h"
+
 #include <QByteArray>
 #include <QHash>
 #include <QString>
@@ -7,9 +11,6 @@
 class AT_FrameBlock;
 class MO_Node;
 class MO_UnconnectedCompositeModule;
-class PIO_Metadatas;
-class PIO_WritingContext;
-class PO_XmlWriter;
 class SC_Project;
 class TUScene;
 class TUSeqTimedValue;
@@ -20,17 +21,19 @@ class TUTimedValue;
 class ProjectWriter
 {
 public:
-    ProjectWriter(const SC_Project &project, PIO_WritingContext &context);
+    explicit ProjectWriter(const SC_Project &project) : m_project(project) {}
 
-    void write(const QString &name);
-    /// How many items of the file have been written, as the reader counts them.
+    QByteArray text(const QString &name);
+    /// How many items the text tells, as the reader counts them.
     qint64 itemCount() const { return m_items; }
+    /// How many bytes longer the text would be if each record stood in its scene.
+    qint64 savedSize() const { return m_newRecords.savedSize(); }
 
 private:
     void beginItem(const QString &key);
     void number(const TUScene &scene);
 
-    void writeRecords(const PIO_Metadatas *records);
+    void writeHeader(const QString &name);
     void writeScene(const TUScene &scene);
     void writeSequence(const TUSeqTimedValue &sequence);
     void writeLinks(const TUTimedValue &timedValue);
@@ -42,8 +45,9 @@ private:
     void writeReference(const QString &numberKey, const QString &sceneKey, const MO_Node *node, const TUScene *here);
 
     const SC_Project &m_project;
-    PIO_WritingContext &m_context;
-    PO_XmlWriter &m_writer;
+    PO_XmlWriter m_writer;
+    PIO_WritingContext m_context{m_writer};
+    NewRecordTable m_newRecords;
     /// Every node that is written, by its number within its scene.
     QHash<const MO_Node *, int> m_numbers;
     qint64 m_items = 0;

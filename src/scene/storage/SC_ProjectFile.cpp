@@ -1,7 +1,5 @@
 #include "scene/storage/SC_ProjectFile.h"
 
-#include "scene/metadata/PIO_WritingContext.h"
-#include "scene/metadata/PO_XmlWriter.h"
 #include "scene/session/SC_Project.h"
 #include "scene/storage/ProjectReader_p.h"
 #include "scene/storage/ProjectWriter_p.h"
@@ -17,12 +15,11 @@
 
 #include <cerrno>
 #include <optional>
+#include <utility>
 
 namespace
 {
 
-// A hundred times what a hundred hours of storyboard take.
-constexpr qint64 largestFile = qint64(1) << 30;
 constexpr qint64 blockSize = qint64(1) << 20;
 
 void fail(SC_FileReport &report, const QString &filePath, const QString &message)
@@ -55,21 +52,22 @@ std::optional<QByteArray> contentOf(const QString &filePath, SC_FileReport &repo
         fail(report, filePath, QStringLiteral("cannot be opened: %1").arg(file.errorString()));
         return std::nullopt;
     }
+    bool isTooLarge = file.size() > ProjectReader::sizeLimit;
     QByteArray content;
-    bool isTooLarge = file.size() > largestFile;
+    content.reserve(isTooLarge ? 0 : static_cast<qsizetype>(file.size()));
     while (!isTooLarge) {
         const QByteArray block = file.read(blockSize); // it makes room for as much as it is asked for
         if (block.isEmpty())
             break;
         content += block;
-        isTooLarge = content.size() > largestFile;
+        isTooLarge = content.size() > ProjectReader::sizeLimit;
     }
     if (file.error() != QFileDevice::NoError) {
         fail(report, filePath, QStringLiteral("cannot be read: %1").arg(file.errorString()));
         return std::nullopt;
     }
     if (isTooLarge) {
-        fail(report, filePath, QStringLiteral("the file is larger than %1 bytes").arg(largestFile));
+        fail(report, filePath, QStringLiteral("the file is larger than %1 bytes").arg(ProjectReader::sizeLimit));
         return std::nullopt;
     }
     return content;
@@ -97,22 +95,21 @@ bool mayReplace(const QString &filePath, const QByteArray &knownDigest, SC_FileR
 struct Written {
     QByteArray text;
     qint64 items;
+    qint64 fullSize; ///< of the text if each record stood in its scene
 };
 
 Written written(const SC_Project &project, const QString &name)
 {
-    PO_XmlWriter writer;
-    PIO_WritingContext context(writer);
-    ProjectWriter projectWriter(project, context);
-    projectWriter.write(name);
-    return {writer.bytes(), projectWriter.itemCount()};
+    ProjectWriter writer(project);
+    const QByteArray text = writer.text(name);
+    return {text, writer.itemCount(), text.size() + writer.savedSize()};
 }
 
 /// What would keep the file from being read again; empty when nothing does.
 QString excessOf(const SC_Project &project, const Written &file)
 {
-    if (file.text.size() > largestFile)
-        return QStringLiteral("the file would be larger than %1 bytes").arg(largestFile);
+    if (file.fullSize > ProjectReader::sizeLimit)
+        return QStringLiteral("the file would be larger than %1 bytes").arg(ProjectReader::sizeLimit);
     if (project.sceneCount() > ProjectReader::sceneLimit)
         return QStringLiteral("there are more than %1 scenes").arg(ProjectReader::sceneLimit);
     if (file.items > ProjectReader::itemLimit)
@@ -147,12 +144,13 @@ QString SC_ProjectFile::resolve(const QString &path, SC_FileReport &report)
 
 SC_Project *SC_ProjectFile::read(const QString &filePath, SC_FileReport &report)
 {
-    const std::optional<QByteArray> content = contentOf(filePath, report);
+    std::optional<QByteArray> content = contentOf(filePath, report);
     if (!content)
         return nullptr;
-    SC_Project *const project = fromText(*content, filePath, report);
+    const QByteArray digest = digestOf(*content);
+    SC_Project *const project = ProjectReader(*std::exchange(content, {}), filePath, report).read();
     if (project)
-        project->projectCommon()->dbSceneData()->setFileDigest(digestOf(*content));
+        project->projectCommon()->dbSceneData()->setFileDigest(digest);
     return project;
 }
 

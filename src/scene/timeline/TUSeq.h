@@ -52,6 +52,7 @@ private:
     friend TUScene *sceneOfBlock(const SC_SceneManager *manager, const AT_FrameBlock &block);
 
     TUSeqTimedValue *m_timedValue = nullptr;
+    mutable quint32 m_place = 0; // of its block in the timed value, when last looked for
     mutable unsigned int m_holders = 0;
     // The scene that was last found by the id of this view, good while no scene dies.
     mutable TUScene *m_scene = nullptr;

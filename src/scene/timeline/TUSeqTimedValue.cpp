@@ -1,5 +1,7 @@
 #include "scene/timeline/TUSeqTimedValue.h"
 
+#include "scene/session/SC_ProjectCommon.h"
+
 #include <algorithm>
 #include <functional>
 
@@ -115,8 +117,34 @@ TUSeqTimedValue::const_iterator TUSeqTimedValue::blockIteratorOf(const SC_Id &ob
         return std::find_if(m_blocks.cbegin(), m_blocks.cend(),
             [](const AT_FrameBlock &block) { return !block.seq() || block.seq()->objectId().isNull(); });
     }
-    const auto found = m_indexOfObject.constFind(objectId.value());
-    return found == m_indexOfObject.cend() ? m_blocks.cend() : m_blocks.cbegin() + std::ptrdiff_t(*found);
+    const SC_ProjectCommon *const project = projectCommon();
+    const TUSeq *const seq = project ? project->sequenceOf(objectId) : nullptr;
+    const bool standsHere = seq && seq->timedValue() == this;
+    return standsHere ? m_blocks.cbegin() + std::ptrdiff_t(placeOf(*seq)) : m_blocks.cend();
+}
+
+/// Where the block of a sequence that stands here is. Each sequence knows where it was last found: edits before it move it
+/// by a few places, and once they have moved one too far, all are told anew.
+std::size_t TUSeqTimedValue::placeOf(const TUSeq &seq) const
+{
+    constexpr std::size_t reach = 64;
+    const std::size_t known = seq.m_place;
+    const auto standsAt = [&](std::size_t place) { return place < m_blocks.size() && m_blocks[place].seq() == &seq; };
+    if (standsAt(known))
+        return known;
+    for (std::size_t distance = 1; distance <= reach; ++distance) {
+        for (const std::size_t place : {known + distance, known - distance}) {
+            if (standsAt(place)) {
+                seq.m_place = static_cast<quint32>(place);
+                return place;
+            }
+        }
+    }
+    for (std::size_t place = 0; place < m_blocks.size(); ++place) {
+        if (const TUSeq *const standing = m_blocks[place].seq())
+            standing->m_place = static_cast<quint32>(place);
+    }
+    return seq.m_place;
 }
 
 TUSeqTimedValue::const_iterator TUSeqTimedValue::nextBlockIterator(const_iterator block) const

@@ -3,8 +3,7 @@
 #include "scene/timeline/AT_FrameBlock.h"
 #include "scene/timeline/TUTimedValue.h"
 
-#include <QHash>
-
+#include <cstddef>
 #include <utility>
 #include <vector>
 
@@ -124,9 +123,8 @@ private:
     bool isBesideTransition(std::size_t index) const;
     void insertAt(std::size_t index, AT_FrameBlock block);
     [[nodiscard]] AT_FrameBlock takeOut(std::size_t index);
-    void reindexFrom(std::size_t index);
+    std::size_t placeOf(const TUSeq &seq) const;
     void changed(bool placesScene);
 
     std::vector<AT_FrameBlock> m_blocks;
-    QHash<qint64, quint32> m_indexOfObject;
 };

@@ -31,7 +31,7 @@ SC_Id sceneIdOf(const TUSeq *seq)
 
 void setPlaced(SC_ProjectCommon *project, const TUSeq *seq, bool placed)
 {
-    project->setPlaced(seq->objectId(), sceneIdOf(seq), placed);
+    project->setPlaced(seq->objectId(), sceneIdOf(seq), placed, seq);
 }
 
 /// Gives a block its new frames; a time warp of slope 1 stays one.
@@ -56,7 +56,6 @@ TUSeqTimedValue::~TUSeqTimedValue()
         block.seq()->m_timedValue = nullptr;
         setPlaced(projectCommon(), block.seq(), false);
     }
-    m_indexOfObject.clear();
     const std::vector<AT_FrameBlock> dying = std::exchange(m_blocks, {});
 }
 
@@ -189,10 +188,10 @@ void TUSeqTimedValue::insertAt(std::size_t index, AT_FrameBlock block)
 {
     if (TUSeq *const seq = block.seq()) {
         seq->m_timedValue = this;
+        seq->m_place = static_cast<quint32>(index);
         setPlaced(projectCommon(), seq, true);
     }
     m_blocks.insert(m_blocks.begin() + std::ptrdiff_t(index), std::move(block));
-    reindexFrom(index);
 }
 
 /// The block is whole until the caller lets it go, after changed(): the destructor of a sequence may ask anything.
@@ -202,20 +201,9 @@ AT_FrameBlock TUSeqTimedValue::takeOut(std::size_t index)
     if (TUSeq *const seq = taken.seq()) {
         seq->m_timedValue = nullptr;
         setPlaced(projectCommon(), seq, false);
-        m_indexOfObject.remove(seq->objectId().value());
     }
     m_blocks.erase(m_blocks.begin() + std::ptrdiff_t(index));
-    reindexFrom(index);
     return taken;
-}
-
-void TUSeqTimedValue::reindexFrom(std::size_t index)
-{
-    for (std::size_t i = index; i < m_blocks.size(); ++i) {
-        const TUSeq *seq = m_blocks[i].seq();
-        if (seq && !seq->objectId().isNull())
-            m_indexOfObject.insert(seq->objectId().value(), static_cast<quint32>(i));
-    }
 }
 
 void TUSeqTimedValue::changed(bool placedScene)

@@ -182,7 +182,7 @@ TEST(DamagedProjectFile, IsAnErrorWhereverItIsCutOff)
         ASSERT_EQ(report.entries().empty() ? 0 : report.entries().back().line > 0, 1) << size;
         EXPECT_TRUE(report.hasErrors());
     }
-    EXPECT_EQ(readFailing(text.left(1500)), "p.plotka:31:12: error: the file is truncated\n");
+    EXPECT_EQ(readFailing(text.left(1500)), "p.plotka:32:4: error: the file is truncated\n");
 }
 
 TEST(DamagedProjectFile, IsAnErrorWhenItIsNoProject)
@@ -198,8 +198,8 @@ TEST(DamagedProjectFile, IsAnErrorWhenItIsNoProject)
 
 TEST(DamagedProjectFile, OfANewerVersionIsRefused)
 {
-    EXPECT_EQ(readFailing("<plotka format='2'><later/></plotka>"),
-        "p.plotka:1:20: error: the project was saved by a newer version: its format is 2, the newest known is 1\n");
+    EXPECT_EQ(readFailing("<plotka format='3'><later/></plotka>"),
+        "p.plotka:1:20: error: the project was saved by a newer version: its format is 3, the newest known is 2\n");
     EXPECT_NE(
         readFailing("<plotka format='0' nextId='1' rate='24' startTimecode='0'/>").find("header"), std::string::npos);
 }
