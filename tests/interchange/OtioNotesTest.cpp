@@ -117,6 +117,30 @@ TEST(OtioNotes, TellTransitionsOfOtherTypes)
 TEST(OtioNotes, TellTransitionsThatHaveNoPlace)
 {
     const std::vector<QJsonObject> joined = {clip("", 5), dissolve(1, 1), clip("", 5)};
+TEST(OtioNotes, TellTransitionsThatJoinOtherShotsThanThoseBesideThem)
+{
+    const auto reading = [](const std::vector<QJsonObject> &items) { return read(timeline({track(items)})); };
+    const QJsonObject a = clip("A", 24);
+    const QJsonObject b = clip("B", 24);
+    const std::string joined = "A 1-25 (1-25) | B 24-48 (1-25)\ntransition after shot 0: 24-25 cut 25";
+    for (const QJsonObject &left : {clip("x", 0.2), gap(0), gap(0.2), without(clip("y", 1), "source_range")}) {
+        for (const bool isBefore : {true, false}) {
+            const OtioReading moved =
+                isBefore ? reading({a, left, dissolve(1, 1), b}) : reading({a, dissolve(1, 1), left, b});
+            EXPECT_EQ(print(moved.plan), joined);
+            EXPECT_EQ(print({moved.notes.back()}),
+                "change transition-moved: track 1, item " + std::string(isBefore ? "3" : "2")
+                    + ": what stands beside it lasts no frame and is left out; it joins the shots that are left\n");
+        }
+    }
+    EXPECT_EQ(
+        codes(reading({a, dissolve(1, 1), gap(0), dissolve(1, 1), b})), "no-frame transition-moved transition-doubled");
+    EXPECT_EQ(codes(reading({a, dissolve(1, 1), gap(0), gap(5), b})), "no-frame transition-beside-gap");
+    EXPECT_EQ(codes(reading({a, gap(5), gap(0), dissolve(1, 1), b})), "no-frame transition-beside-gap");
+    EXPECT_EQ(codes(reading({gap(0), dissolve(1, 1), b})), "no-frame transition-at-edge");
+    EXPECT_EQ(codes(reading({gap(0), a, dissolve(1, 1), b, gap(0)})), "no-frame no-frame");
+}
+
     EXPECT_EQ(codes(read(timeline({track({track(joined)})}))), "transition-in-shot");
     EXPECT_EQ(codes(read(timeline({track({clip("A", 5)}), track(joined)}))), "transition-on-layer");
     EXPECT_EQ(codes(read(timeline({track({clip("A", 5)}), track(joined, "Audio")}))), "transition-in-sound");

@@ -134,9 +134,9 @@ void OtioPlanner::planTimeline(const OtioNode &track, const OtioWindow &window, 
             continue;
         }
         const Frames frames = framesOf(placed);
-        if (frames.isEmpty())
-            continue;
-        if (node.kind == OtioNode::Gap) {
+        if (frames.isEmpty()) {
+            stretches.push_back({OtioStretch::Nothing, 0, nullptr, placed.start});
+        } else if (node.kind == OtioNode::Gap) {
             stretches.push_back({OtioStretch::Gap, 0, nullptr, placed.start});
         } else {
             stretches.push_back(

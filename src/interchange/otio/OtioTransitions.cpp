@@ -18,19 +18,44 @@ public:
 
     void run()
     {
+        findFollowing();
         for (std::size_t i = 0; i < m_stretches.size(); ++i) {
-            if (m_stretches[i].kind == OtioStretch::Transition)
-                resolve(i);
-            else
-                m_last = &m_stretches[i];
+            const OtioStretch &stretch = m_stretches[i];
+            if (stretch.kind == OtioStretch::Transition) {
+                resolve(stretch, m_following[i]);
+            } else if (stretch.kind == OtioStretch::Nothing) {
+                m_isBesideNothing = true;
+            } else {
+                m_last = &stretch;
+                m_isBesideNothing = false;
+            }
         }
     }
 
 private:
-    void resolve(std::size_t index)
+    /// What comes after a stretch, over transitions.
+    struct Following {
+        const OtioStretch *content = nullptr; ///< the next shot or gap that has frames; null: none
+        bool isNothingFirst = false;          ///< something that is left out stands before it
+    };
+
+    // Once, from the end: a run of transitions would else be walked for each of them.
+    void findFollowing()
     {
-        const OtioStretch &transition = m_stretches[index];
-        const OtioStretch *next = findNext(index);
+        m_following.resize(m_stretches.size());
+        Following following;
+        for (std::size_t i = m_stretches.size(); i-- > 0;) {
+            m_following[i] = following;
+            if (m_stretches[i].kind == OtioStretch::Nothing)
+                following.isNothingFirst = true;
+            else if (m_stretches[i].kind != OtioStretch::Transition)
+                following = {&m_stretches[i], false};
+        }
+    }
+
+    void resolve(const OtioStretch &transition, const Following &following)
+    {
+        const OtioStretch *next = following.content;
         const QString &place = transition.node->place;
         if (!m_last || !next) {
             m_notes.loss(
@@ -46,10 +71,10 @@ private:
                 "transition-doubled", place, OtioText::tr("the cut has a transition already; this one is left out"));
             return;
         }
-        add(transition, m_last->shot);
+        add(transition, m_last->shot, m_isBesideNothing || following.isNothingFirst);
     }
 
-    void add(const OtioStretch &transition, unsigned int before)
+    void add(const OtioStretch &transition, unsigned int before, bool isMoved)
     {
         const OtioNode &node = *transition.node;
         const OtioShotPlan &earlier = m_plan.shots[before];
@@ -78,6 +103,11 @@ private:
                 OtioText::tr("it would leave a shot no frame of its own or meet another: %1+%2 frames become %3+%4")
                     .arg(QString::number(wantedBefore), QString::number(wantedAfter), QString::number(framesBefore),
                         QString::number(framesAfter)));
+        }
+
+        if (isMoved) {
+            m_notes.change("transition-moved", node.place,
+                OtioText::tr("what stands beside it lasts no frame and is left out; it joins the shots that are left"));
         }
 
         OtioTransitionPlan planned;
@@ -114,18 +144,12 @@ private:
         return m_plan.shots[earlier].lastFrameBetweenCuts + 1 == m_plan.shots[later].firstFrameBetweenCuts;
     }
 
-    const OtioStretch *findNext(std::size_t index) const
-    {
-        const auto isContent = [](const OtioStretch &stretch) { return stretch.kind != OtioStretch::Transition; };
-        const auto from = m_stretches.begin() + static_cast<std::ptrdiff_t>(index);
-        const auto next = std::find_if(from, m_stretches.end(), isContent);
-        return next == m_stretches.end() ? nullptr : &*next;
-    }
-
     const std::vector<OtioStretch> &m_stretches;
     OtioPlan &m_plan;
     ImportNotes &m_notes;
-    const OtioStretch *m_last = nullptr;
+    std::vector<Following> m_following;  ///< of each stretch
+    const OtioStretch *m_last = nullptr; ///< the last shot or gap with frames
+    bool m_isBesideNothing = false;      ///< since then something was left out
 };
 
 } // namespace

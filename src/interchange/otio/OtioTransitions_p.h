@@ -7,9 +7,9 @@
 
 class ImportNotes;
 
-/// What the timeline has from left to right, once all that has no frame is gone.
+/// What the timeline has from left to right; Nothing is an item or gap that lasts no frame and is left out.
 struct OtioStretch {
-    enum Kind { Shot, Gap, Transition };
+    enum Kind { Shot, Gap, Transition, Nothing };
 
     Kind kind = Gap;
     unsigned int shot = 0;          ///< index in the plan, of a shot
@@ -23,5 +23,6 @@ struct OtioStretch {
 /// A transition covers the frames from `cut - in_offset` up to, not including, `cut + out_offset`,
 /// each rounded. It reaches into the earlier shot no further than the transition before it, or where
 /// there is none, than the shot's second frame; into the later shot no further than its last but
-/// one. What reaches further is shortened on that side; what joins no two shots is left out.
+/// one. What reaches further is shortened on that side; what joins no two shots is left out. Where an item beside a
+/// transition is left out, the cut stands between the shots that now touch there, and the transition joins those.
 void addTransitions(const std::vector<OtioStretch> &stretches, OtioPlan &plan, ImportNotes &notes);
