@@ -16,11 +16,6 @@ QString tr(const char *text)
     return QCoreApplication::translate("LooseJson", text);
 }
 
-bool isSpace(char c)
-{
-    return c == ' ' || c == '\t' || c == '\n' || c == '\r';
-}
-
 bool isDigit(char c)
 {
     return c >= '0' && c <= '9';
@@ -72,7 +67,7 @@ private:
     bool step()
     {
         const char c = m_text[m_at];
-        if (isSpace(c)) {
+        if (isJsonSpace(c)) {
             copyTo(m_at + 1);
             return true;
         }
@@ -109,6 +104,7 @@ private:
         if (m_open.size() >= LooseJson::mostDepth)
             return refuse(tr("nested more than %1 deep").arg(LooseJson::mostDepth));
         m_open.append(closing);
+        m_result.outline.open(m_text[m_at], m_at);
         return passMark(next);
     }
 
@@ -118,6 +114,7 @@ private:
         if (!mayEnd || m_open.isEmpty() || m_open.back() != closing)
             return refuseUnexpected();
         m_open.chop(1);
+        m_result.outline.close(m_at + 1);
         return passMark(afterValue());
     }
 
@@ -140,6 +137,8 @@ private:
             end += m_text[end] == '\\' ? 2 : 1;
         if (end >= m_text.size())
             return refuse(tr("the text ends within this string"));
+        if (isKey)
+            m_result.outline.passKey(QByteArrayView(m_text).sliced(m_at + 1, end - m_at - 1));
         copyTo(end + 1);
         m_next = isKey ? Colon : afterValue();
         return true;
@@ -316,8 +315,9 @@ LooseJson LooseJson::parse(const QByteArray &bytes)
         setError(result, bytes, 0, tr("the text is not UTF-8"));
         return result;
     }
-    const QByteArray text = bytes.startsWith("\xEF\xBB\xBF") ? bytes.mid(3) : bytes;
-    if (std::all_of(text.begin(), text.end(), isSpace)) {
+    result.text = bytes.startsWith("\xEF\xBB\xBF") ? bytes.mid(3) : bytes;
+    const QByteArray &text = result.text;
+    if (std::all_of(text.begin(), text.end(), isJsonSpace)) {
         setError(result, text, 0, tr("the file is empty"));
         return result;
     }

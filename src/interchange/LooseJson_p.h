@@ -2,6 +2,8 @@
 
 #include "plotka_interchange_export.h"
 
+#include "interchange/JsonOutline_p.h"
+
 #include <QByteArray>
 #include <QJsonObject>
 #include <QString>
@@ -21,6 +23,9 @@ struct PLOTKA_INTERCHANGE_EXPORT LooseJson {
     bool hasError() const { return !error.isEmpty(); }
 
     QJsonObject root;
+    /// What was read, without byte order mark, and where the objects of the tree stand in it.
+    QByteArray text;
+    JsonOutline outline;
     QString error;
     /// Place of the error, both from 1; columns count characters. 0 without an error.
     int line = 0;

@@ -23,7 +23,13 @@ QByteArray cutOf(const QByteArray &name, const QByteArray &clipFields = QByteArr
  "duration": {"OTIO_SCHEMA": "RationalTime.1", "rate": 24, "value": 48}}}]}]}})";
 }
 
-const QByteArray lossyFields = R"("effects": [{"OTIO_SCHEMA": "Effect.1", "name": "blur"}], )";
+const QByteArray lossyFields = R"("markers": 7, )";
+const QByteArray keptFields = R"("effects": [{"OTIO_SCHEMA": "Effect.1", "name": "blur"}], )";
+
+/// A cut whose track has a range that shows nothing of it.
+const QByteArray emptiedCut = R"({"OTIO_SCHEMA": "Timeline.1", "name": "Night", "tracks": {"OTIO_SCHEMA": "Stack.1",
+ "children": [{"OTIO_SCHEMA": "Track.1", "source_range": {"start_time": {"rate": 24, "value": 100}, "duration": {"rate": 24,
+ "value": 8}}, "children": [{"OTIO_SCHEMA": "Clip.2", "source_range": {"duration": {"rate": 24, "value": 8}}}]}]}})";
 
 class ImportCommand : public ::testing::Test
 {
@@ -265,7 +271,7 @@ TEST_F(ImportCommand, TellsWhatIsLost)
 
 TEST_F(ImportCommand, CountsAllThatIsLost)
 {
-    const QByteArray clip = R"({"OTIO_SCHEMA": "Clip.2", "effects": [{}], "source_range": {"duration":
+    const QByteArray clip = R"({"OTIO_SCHEMA": "Clip.2", "effects": 7, "source_range": {"duration":
  {"rate": 24, "value": 8}}})";
     const QByteArray clips = (clip + ", ").repeated(149) + clip;
     const CommandRun run = import(cut(R"({"OTIO_SCHEMA": "Track.1", "children": [)" + clips + "]}"));
@@ -323,7 +329,7 @@ TEST_F(ImportCommand, ReportsAllNotesAsJson)
         notes += note[QLatin1String("severity")].toString() + u' ' + note[QLatin1String("code")].toString();
     }
     notes.sort();
-    EXPECT_EQ(notes, (QStringList{QStringLiteral("info disabled"), QStringLiteral("loss effects")}));
+    EXPECT_EQ(notes, (QStringList{QStringLiteral("info disabled"), QStringLiteral("loss bad-value")}));
 }
 
 TEST_F(ImportCommand, MarksAShotThatIsOff)

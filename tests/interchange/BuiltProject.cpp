@@ -56,7 +56,7 @@ std::vector<OtioPanelPlan> panelsOf(const PKC_PlotkaProject &project, const Shot
             break;
         expectWarpFromOne(panel.frameBlock());
         panels.push_back(
-            {panel.name(), isEnabled(*panel.symbol()), panel.relativeFirstFrame(), panel.relativeLastFrame()});
+            {panel.name(), isEnabled(*panel.symbol()), panel.relativeFirstFrame(), panel.relativeLastFrame(), {}});
         shotFrame = panel.relativeLastFrame() + 1;
     }
     return panels;
@@ -108,7 +108,7 @@ OtioTrackPlan clipsOf(MO_Node &layer, TUSeqTimedValue &clips)
         const VideoClip clip(&clips, scene, VideoTrack(&layer, &clips, VideoTrack::TrackVideo));
         EXPECT_TRUE(clip.symbol()->timedValues().empty());
         expectWarpFromOne(clip.frameBlock());
-        track.clips.push_back({clip.name(), isEnabled(*scene), clip.firstFrame(), clip.lastFrame()});
+        track.clips.push_back({clip.name(), isEnabled(*scene), clip.firstFrame(), clip.lastFrame(), {}});
     }
     return track;
 }
@@ -131,7 +131,7 @@ void addTracks(const PKC_PlotkaProject &project, OtioPlan &plan)
         track.name = sounds->getName();
         track.enabled = !sounds->muted;
         for (const TUSoundTimedValue::Sound &sound : sounds->sounds())
-            track.clips.push_back({sound.name, true, sound.fromFrame, sound.toFrame});
+            track.clips.push_back({sound.name, true, sound.fromFrame, sound.toFrame, {}});
         plan.soundTracks.push_back(track);
     }
 }

@@ -1,5 +1,8 @@
 #include "interchange/CutText.h"
 
+#include <QFile>
+#include <QRegularExpression>
+
 #include <gtest/gtest.h>
 
 using namespace CutText;
@@ -30,21 +33,21 @@ TEST(OtioNotes, AreNoneWhereAllHasAPlace)
     EXPECT_EQ(notesOf(clip("A", 5)), "");
 }
 
-TEST(OtioNotes, TellWhatAClipLoses)
+TEST(OtioNotes, TellWhatIsKeptOfAClip)
 {
     EXPECT_EQ(notesOf(with(clip("A", 5), "markers", QJsonArray{object("Marker.2"), object("Marker.1")})),
-        "loss markers: track 1, item 1 (A): markers have no place: 2\n");
+        "info markers: track 1, item 1 (A): markers are kept: 2\n");
     EXPECT_EQ(notesOf(with(clip("A", 5), "effects", QJsonArray{object("LinearTimeWarp.1")})),
-        "loss effects: track 1, item 1 (A): effects have no place: LinearTimeWarp.1\n");
+        "info effects: track 1, item 1 (A): effects are kept: LinearTimeWarp.1\n");
     EXPECT_EQ(
         notesOf(with(clip("A", 5), "metadata", QJsonObject{{QStringLiteral("cmx"), 1}, {QStringLiteral("b"), 1}})),
-        "loss metadata: track 1, item 1 (A): metadata has no place: b, cmx\n");
+        "info metadata: track 1, item 1 (A): metadata is kept: b, cmx\n");
     EXPECT_EQ(notesOf(with(clip("A", 5), "media_reference", media("ExternalReference.1", "a.mov"))),
-        "loss media-reference: track 1, item 1 (A): media has no place: ExternalReference.1 a.mov\n");
+        "info media-reference: track 1, item 1 (A): media is kept: ExternalReference.1 a.mov\n");
     EXPECT_EQ(notesOf(with(clip("A", 5), "source_range", range(12, 5))),
-        "loss source-in-point: track 1, item 1 (A): that it begins 12.000 frames into its media has no place\n");
+        "info source-in-point: track 1, item 1 (A): that it begins 12.000 frames into its media is kept\n");
     EXPECT_EQ(notesOf(with(clip("A", 5), "color", object("Color.1"))),
-        "loss unknown-field: track 1, item 1 (A): fields without a place: color\n");
+        "info unknown-field: track 1, item 1 (A): unknown fields are kept: color\n");
 }
 
 TEST(OtioNotes, NameAllMediaOfAClipInOne)
@@ -53,7 +56,7 @@ TEST(OtioNotes, NameAllMediaOfAClipInOne)
         {QStringLiteral("low"), media("ExternalReference.1", "b.mov")},
         {QStringLiteral("none"), object("MissingReference.1")}};
     EXPECT_EQ(notesOf(with(clip("A", 5), "media_references", all)),
-        "loss media-reference: track 1, item 1 (A): media has no place: ExternalReference.1 a.mov, ExternalReference.1 "
+        "info media-reference: track 1, item 1 (A): media is kept: ExternalReference.1 a.mov, ExternalReference.1 "
         "b.mov\n");
     EXPECT_EQ(notesOf(with(with(clip("A", 5), "media_references",
                                QJsonObject{{QStringLiteral("x"), object("MissingReference.1")}}),
@@ -61,17 +64,17 @@ TEST(OtioNotes, NameAllMediaOfAClipInOne)
         "change no-active-media: track 1, item 1 (A): there is no media reference \"y\"\n");
 }
 
-TEST(OtioNotes, TellWhatTimelineStackAndTrackLose)
+TEST(OtioNotes, TellWhatIsKeptOfTimelineStackAndTrack)
 {
     const QJsonObject metadata = {{QStringLiteral("x"), 1}};
     const QJsonObject marked = with(track({clip("A", 5)}, "Video", "V"), "markers", QJsonArray{object("Marker.2")});
     const QJsonObject tracks =
         with(with(stack({marked}), "effects", QJsonArray{object("Effect.1")}), "name", QStringLiteral("S"));
     EXPECT_EQ(print(read(with(with(timeline({}), "tracks", tracks), "metadata", metadata)).notes),
-        "loss metadata: timeline: metadata has no place: x\n"
-        "info name-without-place: stack (S): its name has no place\n"
-        "loss effects: stack (S): effects have no place: Effect.1\n"
-        "loss markers: track 1 (V): markers have no place: 1\n");
+        "info metadata: timeline: metadata is kept: x\n"
+        "info name-without-place: stack (S): its name has no place and is kept\n"
+        "info effects: stack (S): effects are kept: Effect.1\n"
+        "info markers: track 1 (V): markers are kept: 1\n");
 }
 
 TEST(OtioNotes, TellNamesOfGapsAndTransitions)
@@ -79,11 +82,11 @@ TEST(OtioNotes, TellNamesOfGapsAndTransitions)
     const OtioReading reading = read(timeline({track({clip("A", 5), with(dissolve(1, 1), "name", QStringLiteral("d")),
         clip("B", 5), with(gap(2), "name", QStringLiteral("g"))})}));
     EXPECT_EQ(print(reading.notes),
-        "info name-without-place: track 1, item 4 (g): its name has no place\n"
-        "info name-without-place: track 1, item 2 (d): its name has no place\n");
+        "info name-without-place: track 1, item 4 (g): its name has no place and is kept\n"
+        "info name-without-place: track 1, item 2 (d): its name has no place and is kept\n");
 }
 
-TEST(OtioNotes, TellWhatAGapLosesWhereverItStands)
+TEST(OtioNotes, TellWhatIsKeptOfAGapWhereverItStands)
 {
     const auto marked = [](const QJsonObject &item) { return with(item, "markers", QJsonArray{object("Marker.2")}); };
     const QJsonObject plain = track({clip("A", 5)});
@@ -114,9 +117,6 @@ TEST(OtioNotes, TellTransitionsOfOtherTypes)
     EXPECT_EQ(reading.plan.transitions.size(), 1U);
 }
 
-TEST(OtioNotes, TellTransitionsThatHaveNoPlace)
-{
-    const std::vector<QJsonObject> joined = {clip("", 5), dissolve(1, 1), clip("", 5)};
 TEST(OtioNotes, TellTransitionsThatJoinOtherShotsThanThoseBesideThem)
 {
     const auto reading = [](const std::vector<QJsonObject> &items) { return read(timeline({track(items)})); };
@@ -141,6 +141,9 @@ TEST(OtioNotes, TellTransitionsThatJoinOtherShotsThanThoseBesideThem)
     EXPECT_EQ(codes(reading({gap(0), a, dissolve(1, 1), b, gap(0)})), "no-frame no-frame");
 }
 
+TEST(OtioNotes, TellTransitionsThatHaveNoPlace)
+{
+    const std::vector<QJsonObject> joined = {clip("", 5), dissolve(1, 1), clip("", 5)};
     EXPECT_EQ(codes(read(timeline({track({track(joined)})}))), "transition-in-shot");
     EXPECT_EQ(codes(read(timeline({track({clip("A", 5)}), track(joined)}))), "transition-on-layer");
     EXPECT_EQ(codes(read(timeline({track({clip("A", 5)}), track(joined, "Audio")}))), "transition-in-sound");
@@ -151,7 +154,7 @@ TEST(OtioNotes, TellWhatLastsNoFrame)
 {
     EXPECT_EQ(notesOf(clip("A", 0.4)),
         "loss no-frame: track 1, item 1 (A): it lasts no whole frame and is left out\n"
-        "change empty-timeline: track 1: no item of it makes a shot: the storyboard is empty\n");
+        "loss empty-timeline: track 1: no item of it makes a shot: the storyboard is empty\n");
     EXPECT_EQ(codes(read(timeline({track({clip("A", 5), gap(0)})}))), "no-frame");
     EXPECT_EQ(codes(read(timeline({track({clip("A", 5), without(clip("B", 1), "source_range")})}))), "no-length");
 }
@@ -162,8 +165,33 @@ TEST(OtioNotes, TellWhyATimelineIsEmpty)
         "change empty-timeline: track 1: no item of it makes a shot: the storyboard is empty\n");
     const QJsonObject outside = with(track({gap(5)}), "source_range", range(-12, 6));
     EXPECT_EQ(print(read(timeline({outside})).notes),
-        "change empty-timeline: track 1: no item of it makes a shot in its source range, 6.000 frames from -12.000: "
+        "loss empty-timeline: track 1: no item of it makes a shot in its source range, 6.000 frames from -12.000: "
         "the storyboard is empty\n");
+}
+
+TEST(OtioNotes, TellOfARangeThatShowsNothingOfItsTrackOrStack)
+{
+    const QJsonObject items = track({clip("A", 5), clip("B", 5)});
+    const auto emptyNote = [](const QJsonObject &board) {
+        const OtioReading reading = read(board);
+        EXPECT_TRUE(reading.plan.shots.empty());
+        return print({reading.notes.back()});
+    };
+    const std::string after =
+        "loss empty-timeline: track 1: no item of it makes a shot in its source range, 4.000 frames "
+        "from 10.000: the storyboard is empty\n";
+    EXPECT_EQ(emptyNote(timeline({with(items, "source_range", range(10, 4))})), after);
+    EXPECT_EQ(emptyNote(timeline({with(items, "source_range", range(-4, 4))})),
+        "loss empty-timeline: track 1: no item of it makes a shot in its source range, 4.000 frames from -4.000: the "
+        "storyboard is empty\n");
+    EXPECT_EQ(emptyNote(with(stack({items}), "source_range", range(20, 4))),
+        "loss empty-timeline: track 1: no item of it makes a shot in the source range of the stack, 4.000 frames from "
+        "20.000: the storyboard is empty\n");
+    // The range shows a gap of a track that has a shot.
+    EXPECT_EQ(codes(read(timeline({with(track({clip("A", 5), gap(5)}), "source_range", range(5, 5))}))),
+        "trimmed-away empty-timeline");
+    EXPECT_EQ(read(timeline({with(track({}), "source_range", range(5, 5))})).notes.back().severity, ImportNote::Change);
+    EXPECT_EQ(codes(read(timeline({with(items, "source_range", range(9, 4))}))), "trimmed-away trimmed");
 }
 
 TEST(OtioNotes, TellWhatIsRounded)
@@ -222,6 +250,30 @@ TEST(OtioNotes, TellSchemasNobodyKnowsAndKeepTheirTime)
         "change newer-schema: track 1, item 1 (A): Clip.9 is newer than what is known and is read as Clip.2\n");
 }
 
+TEST(OtioNotes, TellVersionsThatCannotBe)
+{
+    const auto versionNotes = [](const char *schema) {
+        return notesOf(with(clip("A", 5), "OTIO_SCHEMA", QString::fromLatin1(schema)));
+    };
+    for (const char *schema :
+        {"Clip.-1", "Clip.0", "Clip.000", "Clip.", "Clip.+2", "Clip. 2", "Clip.2x", "Clip.\u0661"}) {
+        EXPECT_EQ(versionNotes(schema),
+            std::string("change schema-version: track 1, item 1 (A): ") + QString::fromLatin1(schema).toStdString()
+                + " has no version that could be and is read as Clip.2\n");
+    }
+    for (const char *schema : {"Clip.3", "Clip.2147483648", "Clip.999999999999999999999"}) {
+        EXPECT_EQ(versionNotes(schema),
+            std::string("change newer-schema: track 1, item 1 (A): ") + schema
+                + " is newer than what is known and is read as Clip.2\n");
+    }
+    for (const char *schema : {"Clip", "Clip.1", "Clip.2", "Clip.02"})
+        EXPECT_EQ(versionNotes(schema), "");
+    EXPECT_EQ(codes(read(with(timeline({track({clip("A", 5)})}), "OTIO_SCHEMA", QStringLiteral("Timeline.2")))),
+        "newer-schema");
+    const QJsonObject collection = with({}, "OTIO_SCHEMA", QStringLiteral("SerializableCollection.-3"));
+    EXPECT_EQ(codes(read(with(collection, "children", QJsonArray{clip("A", 5)}))), "schema-version");
+}
+
 TEST(OtioNotes, TellValuesOfTheWrongKind)
 {
     EXPECT_EQ(notesOf(with(clip("A", 5), "name", 7)),
@@ -264,10 +316,11 @@ TEST(OtioNotes, TellTheRestOfACollection)
         "metadata", QJsonObject{{QStringLiteral("x"), 1}});
     EXPECT_EQ(codes(read(collection)), "metadata");
     const QJsonObject named = with(with(collection, "name", QStringLiteral("reel")), "metadata", QJsonObject());
-    EXPECT_EQ(print(read(named).notes), "info name-without-place: collection (reel): its name has no place\n");
+    EXPECT_EQ(
+        print(read(named).notes), "info name-without-place: collection (reel): its name has no place and is kept\n");
     for (const char *field : {"markers", "effects"}) {
         EXPECT_EQ(print(read(with(with(collection, "metadata", QJsonObject()), field, QJsonArray{1})).notes),
-            std::string("loss unknown-field: collection: fields without a place: ") + field + "\n");
+            std::string("info unknown-field: collection: unknown fields are kept: ") + field + "\n");
     }
     EXPECT_EQ(codes(read(with(collection, "source_range", range(0, 2)))), "metadata unknown-field");
 }
@@ -280,6 +333,18 @@ TEST(OtioNotes, KeepWhatPeopleReadShort)
     EXPECT_LT(reading.notes[0].item.size(), 80);
 }
 
+TEST(OtioNotes, AreDocumentedAsLossesWhereTheyCanBe)
+{
+    QFile document(QStringLiteral(PLOTKA_DOCS "/otio-import.md"));
+    ASSERT_TRUE(document.open(QIODevice::ReadOnly));
+    static const QRegularExpression row(
+        QStringLiteral("^\\| `([a-z-]+)` \\| [^|]*\\bloss\\b"), QRegularExpression::MultilineOption);
+    QStringList documented;
+    for (const QRegularExpressionMatch &match : row.globalMatch(QString::fromUtf8(document.readAll())))
+        documented << match.captured(1);
+    EXPECT_EQ(documented, OtioImport::lossCodes());
+}
+
 TEST(OtioNotes, CountWhatNobodyWouldRead)
 {
     std::vector<QJsonObject> items;
@@ -288,7 +353,7 @@ TEST(OtioNotes, CountWhatNobodyWouldRead)
     const OtioReading reading = read(timeline({track(items)}));
     EXPECT_EQ(reading.plan.shots.size(), 250U);
     ASSERT_EQ(reading.notes.size(), 101U);
-    EXPECT_EQ(print({reading.notes.back()}), "loss source-in-point: : and 150 more of this kind\n");
+    EXPECT_EQ(print({reading.notes.back()}), "info source-in-point: : and 150 more of this kind\n");
     EXPECT_EQ(reading.notes.front().count, 1);
     EXPECT_EQ(reading.notes.back().count, 150);
 }

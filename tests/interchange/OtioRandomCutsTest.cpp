@@ -1,7 +1,12 @@
 #include "interchange/BuiltProject.h"
+#include "scene/metadata/PIO_MetadataString.h"
+#include "scene/session/SC_Project.h"
+#include "scene/session/TUScene.h"
 #include "support/Problems.h"
 
+#include <QHash>
 #include <QJsonDocument>
+#include <QRegularExpression>
 
 #include <gtest/gtest.h>
 
@@ -78,6 +83,150 @@ private:
     std::string m_shotFrames;
     int m_halves = 0;
 };
+
+// A random timeline whose items are named "t1.", "t2." and so on and carry things that a storyboard has no place for.
+class CarryingCut
+{
+public:
+    explicit CarryingCut(unsigned int seed) : m_random(seed)
+    {
+        std::vector<QJsonObject> tracks;
+        const QString tag = newTag(QString());
+        for (int i = upTo(2); i >= 0; --i)
+            tracks.push_back(randomTrack(tag, 0));
+        m_timeline = named(with(CutText::timeline({}), "tracks", named(stack(tracks), tag)), newTag(QString()));
+    }
+
+    const QJsonObject &timeline() const { return m_timeline; }
+    /// Of all that carries something.
+    const QStringList &tags() const { return m_tags; }
+    /// True for what stands in a track or stack that a loss is told of.
+    bool isBelowALoss(const QString &tag, const QStringList &lost) const
+    {
+        const QString parent = m_parents.value(tag);
+        return !parent.isEmpty() && (lost.contains(parent) || isBelowALoss(parent, lost));
+    }
+
+private:
+    int upTo(int most) { return static_cast<int>(m_random() % static_cast<unsigned int>(most + 1)); }
+
+    QString newTag(const QString &parent)
+    {
+        const QString tag = QStringLiteral("t%1.").arg(m_parents.size() + 1);
+        m_parents.insert(tag, parent);
+        return tag;
+    }
+
+    QJsonObject named(QJsonObject item, const QString &tag)
+    {
+        item = with(item, "name", tag);
+        const bool isClip = item.value(QLatin1String("OTIO_SCHEMA")) == QLatin1String("Clip.2");
+        const char *const fields[] = {"", "metadata", "markers", "effects", "media_reference", "colour"};
+        const char *const field = fields[upTo(5)];
+        if (*field == '\0' || (qstrcmp(field, "media_reference") == 0 && !isClip))
+            return item;
+        m_tags << tag;
+        const QJsonObject thing = {{QStringLiteral("OTIO_SCHEMA"), QStringLiteral("Thing.1")}};
+        if (qstrcmp(field, "markers") == 0 || qstrcmp(field, "effects") == 0)
+            return with(item, field, QJsonArray{thing});
+        return with(item, field, thing);
+    }
+
+    QJsonObject randomTrack(const QString &parent, int depth)
+    {
+        const QString tag = newTag(parent);
+        std::vector<QJsonObject> items;
+        for (int i = upTo(5); i > 0; --i)
+            items.push_back(randomItem(tag, depth));
+        const char *const kinds[] = {"Video", "Video", "Video", "Audio", "Captions"};
+        const QJsonObject whole = track(items, kinds[upTo(4)]);
+        return named(upTo(4) == 0 ? with(whole, "source_range", range(upTo(20) - 5, upTo(30))) : whole, tag);
+    }
+
+    QJsonObject randomItem(const QString &parent, int depth)
+    {
+        const int kind = upTo(depth < 3 ? 9 : 6);
+        if (kind == 7)
+            return randomTrack(parent, depth + 1);
+        const QString tag = newTag(parent);
+        if (kind > 7) {
+            std::vector<QJsonObject> tracks;
+            for (int i = upTo(2); i > 0; --i)
+                tracks.push_back(upTo(4) == 0 ? randomItem(tag, 3) : randomTrack(tag, depth + 1));
+            return named(stack(tracks), tag);
+        }
+        const double frames = upTo(40) / 2.0;
+        return named(kind < 4 ? clip("", frames) : kind == 4 ? gap(frames) : dissolve(upTo(4), upTo(4)), tag);
+    }
+
+    std::mt19937 m_random;
+    QJsonObject m_timeline;
+    QHash<QString, QString> m_parents;
+    QStringList m_tags;
+};
+
+// The tags that a text has in quotes or brackets; of an item's JSON without its children that is its own.
+QStringList tagsOf(const QString &text)
+{
+    static const QRegularExpression pattern(QStringLiteral("[\"(](t\\d+\\.)[\")]"));
+    QStringList tags;
+    for (const QRegularExpressionMatch &match : pattern.globalMatch(text))
+        tags << match.captured(1);
+    return tags;
+}
+
+void addTags(const std::vector<OtioRecordPlan> &records, QStringList &tags)
+{
+    for (const OtioRecordPlan &record : records)
+        tags += tagsOf(record.text);
+}
+
+QStringList tagsIn(const OtioPlan &plan)
+{
+    QStringList tags;
+    addTags(plan.records, tags);
+    for (const OtioShotPlan &shot : plan.shots) {
+        addTags(shot.records, tags);
+        for (const OtioPanelPlan &panel : shot.panels)
+            addTags(panel.records, tags);
+    }
+    for (const OtioTrackPlan &track : plan.videoTracks) {
+        for (const OtioClipPlan &clip : track.clips)
+            addTags(clip.records, tags);
+    }
+    tags.sort();
+    return tags;
+}
+
+void addTags(const PIO_Metadatas &records, QStringList &tags)
+{
+    for (const PIO_Metadata *record : records) {
+        if (const auto *text = dynamic_cast<const PIO_MetadataString *>(record))
+            tags += tagsOf(text->valueString());
+    }
+}
+
+QStringList tagsIn(const SC_Project &project)
+{
+    QStringList tags;
+    addTags(*project.metadatas(), tags);
+    for (unsigned int i = 0; i < project.sceneCount(); ++i)
+        addTags(*static_cast<const TUScene *>(project.sceneAt(i))->metadatas(), tags);
+    tags.sort();
+    return tags;
+}
+
+// Of the items that notes of losses are about.
+QStringList lostTagsOf(const std::vector<ImportNote> &notes)
+{
+    QStringList tags;
+    for (const ImportNote &note : notes) {
+        const QStringList path = tagsOf(note.item);
+        if (note.severity == ImportNote::Loss && !path.isEmpty())
+            tags << path.back();
+    }
+    return tags;
+}
 
 std::string framesBetweenCuts(const OtioPlan &plan)
 {
@@ -173,6 +322,32 @@ TEST(OtioRandomCuts, ReadTheSameThroughANestedShot)
         }
         EXPECT_EQ(panels, framesBetweenCuts(flat)) << "seed " << seed;
     }
+}
+
+TEST(OtioRandomCuts, KeepOrTellOfEveryItem)
+{
+    std::size_t kept = 0;
+    for (unsigned int seed = 0; seed < 400 && !::testing::Test::HasFailure(); ++seed) {
+        SCOPED_TRACE(::testing::Message() << "seed " << seed);
+        const CarryingCut cut(seed);
+        const QByteArray text = QJsonDocument(cut.timeline()).toJson();
+        const OtioReading reading = OtioImport::read(text);
+        const QStringList keptTags = tagsIn(reading.plan);
+        const QStringList lostTags = lostTagsOf(reading.notes);
+        for (const QString &tag : cut.tags()) {
+            EXPECT_LE(keptTags.count(tag), 1) << tag.toStdString();
+            EXPECT_TRUE(keptTags.contains(tag) || lostTags.contains(tag) || cut.isBelowALoss(tag, lostTags))
+                << tag.toStdString() << " is neither kept nor told of\n"
+                << print(reading.notes);
+        }
+        for (const ImportNote &note : reading.notes)
+            EXPECT_TRUE(note.severity != ImportNote::Loss || OtioImport::lossCodes().contains(note.code));
+        kept += static_cast<std::size_t>(keptTags.size());
+
+        const ImportedCut imported(text);
+        EXPECT_EQ(tagsIn(*imported.result().project), keptTags);
+    }
+    EXPECT_GT(kept, 2000U);
 }
 
 TEST(OtioRandomCuts, AreBuiltAsPlanned)

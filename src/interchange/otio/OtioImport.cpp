@@ -5,6 +5,19 @@
 #include "interchange/otio/OtioPlanner_p.h"
 #include "interchange/otio/OtioReader_p.h"
 
+QStringList OtioImport::lossCodes()
+{
+    return {QStringLiteral("bad-value"), QStringLiteral("collection-rest"), QStringLiteral("disabled-sound"),
+        QStringLiteral("empty-timeline"), QStringLiteral("nested-on-layer"), QStringLiteral("nested-too-deep"),
+        QStringLiteral("nested-track"), QStringLiteral("no-frame"), QStringLiteral("no-length"),
+        QStringLiteral("other-track"), QStringLiteral("refused"), QStringLiteral("too-large"),
+        QStringLiteral("too-late"), QStringLiteral("transition-at-edge"), QStringLiteral("transition-beside-gap"),
+        QStringLiteral("transition-doubled"), QStringLiteral("transition-in-shot"),
+        QStringLiteral("transition-in-sound"), QStringLiteral("transition-no-frame"),
+        QStringLiteral("transition-no-room"), QStringLiteral("transition-on-layer"), QStringLiteral("trimmed-away"),
+        QStringLiteral("unknown-schema")};
+}
+
 OtioReading OtioImport::read(const QByteArray &bytes, const OtioOptions &options)
 {
     OtioReading reading;
@@ -24,9 +37,9 @@ OtioReading OtioImport::read(const QByteArray &bytes, const OtioOptions &options
             OtioText::tr("integers beyond 64 bits, read as the nearest floating number: %1").arg(json.longIntegers));
     }
     OtioCut cut;
-    OtioReader reader(notes);
+    OtioReader reader(json.outline, notes);
     if (reader.read(json.root, cut))
-        reading.plan = OtioPlanner(notes).plan(cut, options.hasRate ? &options.rate : nullptr);
+        reading.plan = OtioPlanner(json, notes).plan(cut, options.hasRate ? &options.rate : nullptr);
     else
         reading.error.message = reader.error();
     reading.notes = notes.take();

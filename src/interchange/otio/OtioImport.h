@@ -7,6 +7,7 @@
 
 #include <QByteArray>
 #include <QString>
+#include <QStringList>
 
 #include <vector>
 
@@ -45,5 +46,8 @@ namespace OtioImport
 
 /// What @p bytes, the whole of a file, become as a storyboard.
 PLOTKA_INTERCHANGE_EXPORT OtioReading read(const QByteArray &bytes, const OtioOptions &options = OtioOptions());
+
+/// The codes that a note of severity loss can have, sorted.
+PLOTKA_INTERCHANGE_EXPORT QStringList lossCodes();
 
 } // namespace OtioImport

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "interchange/JsonOutline_p.h"
 #include "interchange/otio/OtioTime_p.h"
 
 #include <QCoreApplication>
@@ -34,7 +35,10 @@ struct OtioNode {
     bool isImplied = false; ///< a track the file does not have, around an item beside its tracks
     bool isEnabled = true;
     bool hasSourceRange = false;
-    QString place; ///< where it stands in the file, for people
+    int number = 1;                                       ///< its place among the children of its parent, from 1
+    int object = JsonOutline::none;                       ///< what it was read of
+    JsonOutline::Member childMember = JsonOutline::Other; ///< that holds its children; Other when it cannot have any
+    QString place;                                        ///< where it stands in the file, for people
     QString name;
     QString type; ///< of a transition or of an unusual track
 

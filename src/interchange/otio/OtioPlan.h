@@ -13,12 +13,22 @@
 /// frame and ends at or before 2147483647; ranges of one list ascend and, but for shots under a
 /// transition, do not overlap.
 
+/// A text record that keeps what an item of the cut carries and a storyboard has no place for.
+struct OtioRecordPlan {
+    /// "otio" for the item that the holder of the record was made of; else "otio/" and where below that item it stands,
+    /// as in "otio/track 2/item 3".
+    QString name;
+    /// The item's JSON as it was read, without its children and without white space between tokens.
+    QString text;
+};
+
 /// A panel of a shot, in frames of the shot: its block covers firstFrame to lastFrame.
 struct OtioPanelPlan {
     QString name; ///< empty: no name of its own
     bool enabled = true;
     unsigned int firstFrame = 0;
     unsigned int lastFrame = 0;
+    std::vector<OtioRecordPlan> records;
 
     unsigned int frameCount() const { return lastFrame - firstFrame + 1; }
 };
@@ -37,6 +47,8 @@ struct OtioShotPlan {
     unsigned int lastFrameBetweenCuts = 0;
     /// Fills the shot as it is under its transitions, but for gaps.
     std::vector<OtioPanelPlan> panels;
+    /// Of the shot's item, and of tracks and gaps in it.
+    std::vector<OtioRecordPlan> records;
 
     unsigned int frameCount() const { return lastFrame - firstFrame + 1; }
 };
@@ -54,12 +66,13 @@ struct OtioTransitionPlan {
     unsigned int lastFrame() const { return cutFrame + framesAfterCut - 1; }
 };
 
-/// A picture or sound on a track beside the timeline, in project frames.
+/// A picture or sound on a track beside the timeline, in project frames. Sounds have no records of their own.
 struct OtioClipPlan {
     QString name;
     bool enabled = true;
     unsigned int firstFrame = 0;
     unsigned int lastFrame = 0;
+    std::vector<OtioRecordPlan> records;
 
     unsigned int frameCount() const { return lastFrame - firstFrame + 1; }
 };
@@ -86,4 +99,7 @@ struct OtioPlan {
     /// Further video tracks from the bottom up, each a top layer of clips.
     std::vector<OtioTrackPlan> videoTracks;
     std::vector<OtioTrackPlan> soundTracks;
+
+    /// Of the timeline as "otio", and of all that is neither a shot, panel or clip nor in one.
+    std::vector<OtioRecordPlan> records;
 };

@@ -49,12 +49,7 @@ OtioPlan OtioPlanner::plan(const OtioCut &cut, const UT_FrameRate *wantedRate)
     else
         chooseRate(cut);
     planStart(cut);
-    noteName(cut.collection);
-    noteRemainder(cut.collection);
-    noteRemainder(cut.timeline);
-    if (!stack.isImplied && cut.name != stack.name)
-        noteName(stack);
-    noteRemainder(stack);
+    keepFrame(cut);
     noteEnabled(stack, true);
     m_plan.frameCount = heldFrame(stack.duration.roundedFrame(m_plan.rate));
 
@@ -67,16 +62,16 @@ OtioPlan OtioPlanner::plan(const OtioCut &cut, const UT_FrameRate *wantedRate)
     for (const OtioNode &track : stack.children) {
         if (track.trackKind == OtioNode::OtherTrack) {
             if (track.isImplied)
-                noteGaps(track);
+                keepTrack(track, OtioKeeper::NameHasNone, m_plan.records);
             else
                 m_notes.loss("other-track", track.place,
                     OtioText::tr("a track of kind %1 has no place").arg(OtioText::brief(track.type)));
             continue;
         }
-        noteTrack(track);
+        keepTrack(track, OtioKeeper::NameHasPlace, m_plan.records);
         const bool isEnabled = noteEnabled(track, stack.isEnabled);
         if (&track == timeline)
-            planTimeline(track, window, isEnabled);
+            planTimeline(track, stack, window, isEnabled);
         else if (track.trackKind == OtioNode::Video)
             planVideoTrack(track, window, isEnabled);
         else
@@ -117,19 +112,15 @@ void OtioPlanner::planStart(const OtioCut &cut)
     }
 }
 
-void OtioPlanner::planTimeline(const OtioNode &track, const OtioWindow &window, bool isEnabled)
+void OtioPlanner::planTimeline(const OtioNode &track, const OtioNode &stack, const OtioWindow &window, bool isEnabled)
 {
     m_plan.timelineName = track.name;
     std::vector<OtioStretch> stretches;
     for (const OtioPlaced &placed : placeTrack(track, window, m_notes)) {
         const OtioNode &node = *placed.node;
         if (node.kind == OtioNode::Transition) {
-            if (!node.type.isEmpty() && node.type != QLatin1String("SMPTE_Dissolve")) {
-                m_notes.change("transition-type", node.place,
-                    OtioText::tr("its type %1 is not known; it becomes a dissolve").arg(OtioText::brief(node.type)));
-            }
-            noteName(node);
-            noteRemainder(node);
+            const QString path = OtioKeeper::pathIn(track, OtioKeeper::pathOf(track), node);
+            m_keeper.keep(node, path, OtioKeeper::NameHasNone, m_plan.records);
             stretches.push_back({OtioStretch::Transition, 0, &node, placed.start});
             continue;
         }
@@ -145,7 +136,7 @@ void OtioPlanner::planTimeline(const OtioNode &track, const OtioWindow &window, 
         }
     }
     if (m_plan.shots.empty())
-        noteEmptyTimeline(track);
+        noteEmptyTimeline(track, stack);
     addTransitions(stretches, m_plan, m_notes);
 }
 
@@ -161,11 +152,11 @@ void OtioPlanner::addShot(const OtioPlaced &placed, const Frames &frames, bool i
     if (node.isComposition())
         addPanels(placed, frames, shot);
     else
-        shot.panels.push_back({QString(), /*enabled*/ true, 1, shot.frameCount()});
+        shot.panels.push_back({QString(), /*enabled*/ true, 1, shot.frameCount(), {}});
     m_plan.shots.push_back(std::move(shot));
 }
 
-// Notes the rest of the metadata as well, since only here it is known what was taken.
+// Keeps the rest of the metadata as well, since only here it is known what was taken.
 void OtioPlanner::takeShotNames(const OtioNode &node, OtioShotPlan &shot)
 {
     QJsonObject metadata = node.metadata;
@@ -184,7 +175,7 @@ void OtioPlanner::takeShotNames(const OtioNode &node, OtioShotPlan &shot)
     take(kSequence, shot.sequence);
     if (metadata.value(kPlotka).isObject() && own.isEmpty())
         metadata.remove(kPlotka);
-    noteRemainder(node, metadata);
+    m_keeper.keep(node, metadata, QString(), OtioKeeper::NameHasPlace, shot.records);
 }
 
 void OtioPlanner::addPanels(const OtioPlaced &nested, const Frames &frames, OtioShotPlan &shot)
@@ -193,7 +184,7 @@ void OtioPlanner::addPanels(const OtioPlaced &nested, const Frames &frames, Otio
     const OtioWindow window = windowOf(nested);
     if (node.kind == OtioNode::Track) {
         if (node.trackKind == OtioNode::Video) {
-            noteGaps(node);
+            m_keeper.keepGaps(node, QString(), shot.records);
             addPanelsOfTrack(node, window, /*isEnabled*/ true, frames, shot); // whether it is, the shot says
         } else {
             m_notes.loss("nested-track", node.place,
@@ -203,13 +194,11 @@ void OtioPlanner::addPanels(const OtioPlaced &nested, const Frames &frames, Otio
         const OtioNode *shown = findFirstVideoTrack(node);
         for (const OtioNode &track : node.children) {
             if (&track == shown) {
-                noteTrack(track);
-                if (!track.isImplied)
-                    noteName(track);
+                keepTrack(track, OtioKeeper::NameHasNone, shot.records);
                 const bool isEnabled = noteEnabled(track, true);
                 addPanelsOfTrack(track, windowOnChildren(node, window), isEnabled, frames, shot);
             } else if (track.isImplied && track.trackKind == OtioNode::OtherTrack) {
-                noteGaps(track);
+                keepTrack(track, OtioKeeper::NameHasNone, shot.records);
             } else {
                 m_notes.loss("nested-track", track.place,
                     OtioText::tr("a shot shows only its first video track; this one is left out"));
@@ -234,7 +223,8 @@ void OtioPlanner::addPanelsOfTrack(
             m_notes.loss(
                 "nested-too-deep", node.place, OtioText::tr("it becomes one panel; what it holds has no place"));
         shot.panels.push_back(
-            {node.name, noteEnabled(node, isEnabled), heldFrame(inShot.first + 1), heldFrame(inShot.end)});
+            {node.name, noteEnabled(node, isEnabled), heldFrame(inShot.first + 1), heldFrame(inShot.end), {}});
+        m_keeper.keep(node, QString(), OtioKeeper::NameHasPlace, shot.panels.back().records);
     }
 }
 
@@ -250,8 +240,9 @@ void OtioPlanner::planVideoTrack(const OtioNode &track, const OtioWindow &window
         if (node.isComposition())
             m_notes.loss(
                 "nested-on-layer", node.place, OtioText::tr("it becomes one clip; what it holds has no place"));
-        planned.clips.push_back(
-            {node.name, noteEnabled(node, isEnabled), heldFrame(item.frames.first + 1), heldFrame(item.frames.end)});
+        planned.clips.push_back({node.name, noteEnabled(node, isEnabled), heldFrame(item.frames.first + 1),
+            heldFrame(item.frames.end), {}});
+        m_keeper.keep(node, QString(), OtioKeeper::NameHasPlace, planned.clips.back().records);
     }
     m_plan.videoTracks.push_back(std::move(planned));
 }
@@ -271,7 +262,9 @@ void OtioPlanner::planSoundTrack(const OtioNode &track, const OtioWindow &window
             m_notes.loss(
                 "nested-on-layer", node.place, OtioText::tr("it becomes one sound; what it holds has no place"));
         planned.clips.push_back(
-            {node.name, isEnabled && node.isEnabled, heldFrame(item.frames.first + 1), heldFrame(item.frames.end)});
+            {node.name, isEnabled && node.isEnabled, heldFrame(item.frames.first + 1), heldFrame(item.frames.end), {}});
+        const QString path = OtioKeeper::pathIn(track, OtioKeeper::pathOf(track), node);
+        m_keeper.keep(node, path, OtioKeeper::NameHasPlace, m_plan.records);
     }
     m_plan.soundTracks.push_back(std::move(planned));
 }
@@ -289,7 +282,6 @@ std::vector<OtioPlanner::Shown> OtioPlanner::itemsOf(
         const Frames frames = framesOf(placed);
         if (frames.isEmpty() || node.kind == OtioNode::Gap)
             continue;
-        noteRemainder(node);
         items.push_back({&node, frames});
     }
     return items;

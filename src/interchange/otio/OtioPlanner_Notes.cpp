@@ -2,16 +2,44 @@
 
 #include "interchange/ImportNotes_p.h"
 
-void OtioPlanner::noteEmptyTimeline(const OtioNode &track)
+#include <algorithm>
+
+namespace
 {
-    if (!track.hasSourceRange) {
-        m_notes.change(
-            "empty-timeline", track.place, OtioText::tr("no item of it makes a shot: the storyboard is empty"));
-        return;
+
+// True where the source range of a track or stack shows nothing of what it holds.
+bool isShownOutside(const OtioNode &composition)
+{
+    OtioTime length;
+    for (const OtioNode &child : composition.children) {
+        if (composition.kind == OtioNode::Stack)
+            length = std::max(length, child.duration);
+        else if (child.kind != OtioNode::Transition)
+            length = length + child.duration;
     }
-    m_notes.change("empty-timeline", track.place,
-        OtioText::tr("no item of it makes a shot in its source range, %1 frames from %2: the storyboard is empty")
-            .arg(positionText(track.duration), positionText(track.sourceStart)));
+    const OtioTime end = composition.sourceStart + composition.duration;
+    return composition.hasSourceRange && !length.isZero() && (composition.sourceStart >= length || end <= OtioTime());
+}
+
+} // namespace
+
+void OtioPlanner::noteEmptyTimeline(const OtioNode &track, const OtioNode &stack)
+{
+    const auto couldBeShot = [](const OtioNode &node) { return node.kind == OtioNode::Clip || node.isComposition(); };
+    const bool hadShots = std::any_of(track.children.begin(), track.children.end(), couldBeShot);
+    const OtioNode *outside = isShownOutside(track) ? &track : isShownOutside(stack) ? &stack : nullptr;
+    QString text = OtioText::tr("no item of it makes a shot: the storyboard is empty");
+    if (const OtioNode *ranged = outside ? outside : track.hasSourceRange ? &track : nullptr) {
+        text = ranged == &track ? OtioText::tr("no item of it makes a shot in its source range, %1 frames from %2: the "
+                                               "storyboard is empty")
+                                : OtioText::tr("no item of it makes a shot in the source range of the stack, %1 frames "
+                                               "from %2: the storyboard is empty");
+        text = text.arg(positionText(ranged->duration), positionText(ranged->sourceStart));
+    }
+    if (hadShots || outside)
+        m_notes.loss("empty-timeline", track.place, text);
+    else
+        m_notes.change("empty-timeline", track.place, text);
 }
 
 void OtioPlanner::notePanelGaps(const OtioNode &node, const OtioShotPlan &shot)
@@ -34,54 +62,22 @@ bool OtioPlanner::noteEnabled(const OtioNode &node, bool isEnabled)
     return isEnabled && node.isEnabled;
 }
 
-void OtioPlanner::noteTrack(const OtioNode &track)
+void OtioPlanner::keepFrame(const OtioCut &cut)
 {
+    const OtioNode &stack = cut.stack;
+    const bool isNamed = stack.isImplied || cut.name == stack.name;
+    m_keeper.keep(cut.timeline, QString(), OtioKeeper::NameHasPlace, m_plan.records);
+    m_keeper.keep(cut.collection, QStringLiteral("collection"), OtioKeeper::NameHasNone, m_plan.records);
+    m_keeper.keep(
+        stack, QStringLiteral("stack"), isNamed ? OtioKeeper::NameHasPlace : OtioKeeper::NameHasNone, m_plan.records);
+}
+
+void OtioPlanner::keepTrack(const OtioNode &track, OtioKeeper::Name name, OtioKeeper::Records &records)
+{
+    const QString path = OtioKeeper::pathOf(track);
     if (!track.isImplied)
-        noteRemainder(track);
-    noteGaps(track);
-}
-
-void OtioPlanner::noteGaps(const OtioNode &track)
-{
-    for (const OtioNode &node : track.children) {
-        if (node.kind != OtioNode::Gap)
-            continue;
-        noteName(node);
-        noteRemainder(node);
-    }
-}
-
-void OtioPlanner::noteName(const OtioNode &node)
-{
-    if (!node.name.isEmpty())
-        m_notes.info("name-without-place", node.place, OtioText::tr("its name has no place"));
-}
-
-void OtioPlanner::noteRemainder(const OtioNode &node, const QJsonObject &metadata)
-{
-    if (node.markerCount > 0)
-        m_notes.loss("markers", node.place, OtioText::tr("markers have no place: %1").arg(node.markerCount));
-    if (!node.effects.isEmpty()) {
-        m_notes.loss("effects", node.place,
-            OtioText::tr("effects have no place: %1").arg(OtioText::brief(node.effects.join(QStringLiteral(", ")))));
-    }
-    if (!metadata.isEmpty()) {
-        m_notes.loss("metadata", node.place,
-            OtioText::tr("metadata has no place: %1").arg(OtioText::brief(metadata.keys().join(QStringLiteral(", ")))));
-    }
-    if (!node.media.isEmpty()) {
-        m_notes.loss("media-reference", node.place,
-            OtioText::tr("media has no place: %1").arg(OtioText::brief(node.media.join(QStringLiteral(", ")), 240)));
-    }
-    if (node.kind == OtioNode::Clip && !node.sourceStart.isZero()) {
-        m_notes.loss("source-in-point", node.place,
-            OtioText::tr("that it begins %1 frames into its media has no place").arg(positionText(node.sourceStart)));
-    }
-    if (!node.otherFields.isEmpty()) {
-        m_notes.loss("unknown-field", node.place,
-            OtioText::tr("fields without a place: %1")
-                .arg(OtioText::brief(node.otherFields.join(QStringLiteral(", ")))));
-    }
+        m_keeper.keep(track, path, name, records);
+    m_keeper.keepGaps(track, path, records);
 }
 
 QString OtioPlanner::positionText(const OtioTime &time) const

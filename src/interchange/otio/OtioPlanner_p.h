@@ -1,10 +1,12 @@
 #pragma once
 
+#include "interchange/otio/OtioKeeper_p.h"
 #include "interchange/otio/OtioLayout_p.h"
 #include "interchange/otio/OtioPlan.h"
 #include "interchange/otio/OtioTransitions_p.h"
 
 class ImportNotes;
+struct LooseJson;
 
 /// Turns a cut into the plan of a storyboard, and notes all that has no place there.
 class OtioPlanner
@@ -12,7 +14,8 @@ class OtioPlanner
 public:
     static constexpr qint64 lastPossibleFrame = 2147483647;
 
-    explicit OtioPlanner(ImportNotes &notes) : m_notes(notes) {}
+    /// Both are borrowed; @p source is what the cut was read of.
+    OtioPlanner(const LooseJson &source, ImportNotes &notes) : m_notes(notes), m_keeper(source, m_plan.rate, notes) {}
 
     /// A null @p wantedRate takes the rate of the cut.
     OtioPlan plan(const OtioCut &cut, const UT_FrameRate *wantedRate);
@@ -32,7 +35,7 @@ private:
 
     void chooseRate(const OtioCut &cut);
     void planStart(const OtioCut &cut);
-    void planTimeline(const OtioNode &track, const OtioWindow &window, bool isEnabled);
+    void planTimeline(const OtioNode &track, const OtioNode &stack, const OtioWindow &window, bool isEnabled);
     void planVideoTrack(const OtioNode &track, const OtioWindow &window, bool isEnabled);
     void planSoundTrack(const OtioNode &track, const OtioWindow &window, bool isEnabled);
 
@@ -50,18 +53,17 @@ private:
     Frames framesOf(const OtioPlaced &placed);
     bool noteEnabled(const OtioNode &node, bool isEnabled);
 
-    void noteEmptyTimeline(const OtioNode &track);
-    void noteTrack(const OtioNode &track);
-    /// What the gaps of a track carry, whether they are shown or not.
-    void noteGaps(const OtioNode &track);
-    void noteName(const OtioNode &node);
-    /// Markers, effects, metadata, media, in-points and unknown fields: none has a place.
-    void noteRemainder(const OtioNode &node, const QJsonObject &metadata);
-    void noteRemainder(const OtioNode &node) { noteRemainder(node, node.metadata); }
+    void noteEmptyTimeline(const OtioNode &track, const OtioNode &stack);
+
+    /// What the cut carries around its tracks.
+    void keepFrame(const OtioCut &cut);
+    /// What @p track and its gaps carry.
+    void keepTrack(const OtioNode &track, OtioKeeper::Name name, OtioKeeper::Records &records);
 
     /// A time in frames, for messages.
     QString positionText(const OtioTime &time) const;
 
     ImportNotes &m_notes;
     OtioPlan m_plan;
+    OtioKeeper m_keeper;
 };

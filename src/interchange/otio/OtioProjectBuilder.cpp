@@ -5,6 +5,7 @@
 #include "metadata/PKC_ClipInfo.h"
 #include "metadata/PKC_SceneInfo.h"
 #include "scene/metadata/PIO_MetadataBool.h"
+#include "scene/metadata/PIO_MetadataString.h"
 #include "scene/network/MO_ElementModule.h"
 #include "scene/network/TUGroup.h"
 #include "scene/session/SC_Project.h"
@@ -45,6 +46,15 @@ void addClipName(TUScene &scene, const QString &name)
     scene.metadatas()->add(info);
 }
 
+void addRecords(PIO_Metadatas &records, const std::vector<OtioRecordPlan> &planned)
+{
+    for (const OtioRecordPlan &each : planned) {
+        auto *const record = new PIO_MetadataString(each.name);
+        record->setValue(each.text);
+        records.add(record);
+    }
+}
+
 void addEnabled(TUScene &scene, bool enabled)
 {
     if (enabled)
@@ -78,6 +88,7 @@ void OtioProjectBuilder::build(const OtioPlan &plan)
     m_project.projectCommon()->setFrameRate(plan.rate);
     m_project.projectCommon()->setStartTimecode(plan.startTimecode);
     nameTimeline(plan.timelineName);
+    addRecords(*m_project.metadatas(), plan.records);
 
     // A transition as soon as both its shots stand: later it would move all that follows it.
     auto transition = plan.transitions.begin();
@@ -114,6 +125,7 @@ void OtioProjectBuilder::addShot(const OtioShotPlan &shot)
     }
     addShotRecords(*scene, shot);
     addEnabled(*scene, shot.enabled);
+    addRecords(*scene->metadatas(), shot.records);
     addPanels(shot, *scene);
 }
 
@@ -125,6 +137,7 @@ void OtioProjectBuilder::addPanels(const OtioShotPlan &shot, TUScene &shotScene)
         if (TUScene *const scene = placeScene(*panels, panel.firstFrame, panel.frameCount())) {
             addClipName(*scene, panel.name);
             addEnabled(*scene, panel.enabled);
+            addRecords(*scene->metadatas(), panel.records);
         } else {
             noteRefused(OtioText::tr("panel"), panel.name, panel.firstFrame);
         }
@@ -156,6 +169,7 @@ void OtioProjectBuilder::addVideoTrack(const OtioTrackPlan &track, qsizetype num
         if (TUScene *const scene = placeScene(*clips, clip.firstFrame, clip.frameCount())) {
             addClipName(*scene, clip.name);
             addEnabled(*scene, clip.enabled);
+            addRecords(*scene->metadatas(), clip.records);
         } else {
             noteRefused(OtioText::tr("clip"), clip.name, clip.firstFrame);
         }

@@ -3,6 +3,7 @@
 #include "interchange/ImportNotes_p.h"
 
 #include <algorithm>
+#include <limits>
 #include <utility>
 
 namespace
@@ -30,15 +31,27 @@ const QString kOutOffset = QStringLiteral("out_offset");
 
 struct Schema {
     QString name;
-    int version = 1;
+    int version = 1; ///< 0: none that could be, INT_MAX: beyond all that can be counted
 };
+
+// Digits and nothing else, of a number above 0.
+int versionOf(const QString &text)
+{
+    const auto isDigit = [](QChar c) { return c >= u'0' && c <= u'9'; };
+    const bool isZero = std::all_of(text.begin(), text.end(), [](QChar c) { return c == u'0'; });
+    if (isZero || !std::all_of(text.begin(), text.end(), isDigit))
+        return 0;
+    bool fits = false;
+    const int version = text.toInt(&fits);
+    return fits ? version : std::numeric_limits<int>::max();
+}
 
 // "Clip.2"; names that older versions used are given as the present ones.
 Schema schemaOf(const QJsonObject &object)
 {
     const QString text = object.value(kSchema).toString();
     const qsizetype dot = text.lastIndexOf(QLatin1Char('.'));
-    Schema schema{dot < 0 ? text : text.left(dot), dot < 0 ? 1 : text.mid(dot + 1).toInt()};
+    Schema schema{dot < 0 ? text : text.left(dot), dot < 0 ? 1 : versionOf(text.mid(dot + 1))};
     if (schema.name == QLatin1String("Sequence"))
         schema.name = QStringLiteral("Track");
     else if (schema.name == QLatin1String("Filler"))
@@ -54,6 +67,25 @@ bool isCutSchema(const QString &name)
         || name == QLatin1String("Clip");
 }
 
+// Hands out the numbers of those children that are objects.
+class ChildNumbers
+{
+public:
+    ChildNumbers(const JsonOutline &outline, const OtioNode &parent) :
+        m_numbers(outline.objectsIn(parent.object, parent.childMember))
+    {
+    }
+
+    int of(const QJsonValue &nextChild)
+    {
+        return nextChild.isObject() && m_next < m_numbers.size() ? m_numbers[m_next++] : JsonOutline::none;
+    }
+
+private:
+    std::vector<int> m_numbers;
+    std::size_t m_next = 0;
+};
+
 bool isEmptyValue(const QJsonValue &value)
 {
     return value.isNull() || value.isUndefined() || (value.isArray() && value.toArray().isEmpty())
@@ -66,6 +98,7 @@ OtioNode impliedTrackAround(OtioNode item)
     track.kind = OtioNode::Track;
     track.isImplied = true;
     track.place = item.place;
+    track.number = item.number;
     track.duration = item.duration;
     track.children.push_back(std::move(item));
     return track;
@@ -85,16 +118,17 @@ bool OtioReader::read(const QJsonObject &root, OtioCut &cut)
 {
     cut.timeline.place = OtioText::tr("timeline");
     const Schema schema = schemaOf(root);
+    const Source source{root, 0};
     const bool isRead =
-        schema.name == QLatin1String("SerializableCollection") ? readCollection(root, cut) : readTop(root, cut);
+        schema.name == QLatin1String("SerializableCollection") ? readCollection(source, cut) : readTop(source, cut);
     if (isRead && m_items > mostItems)
         m_error = OtioText::tr("the cut has more than %1 items").arg(mostItems);
     return m_error.isEmpty();
 }
 
-bool OtioReader::readTop(const QJsonObject &top, OtioCut &cut)
+bool OtioReader::readTop(const Source &top, OtioCut &cut)
 {
-    const QString schema = schemaOf(top).name;
+    const QString schema = schemaOf(top.object).name;
     if (schema == QLatin1String("Timeline")) {
         readTimeline(top, cut);
     } else if (isCutSchema(schema)) {
@@ -104,46 +138,55 @@ bool OtioReader::readTop(const QJsonObject &top, OtioCut &cut)
         m_error = OtioText::tr("this is JSON, but not a cut: the first object has no OTIO_SCHEMA");
     } else {
         m_error = OtioText::tr("the file holds a %1, not a Timeline, Stack, Track or Clip")
-                      .arg(OtioText::brief(top.value(kSchema).toString()));
+                      .arg(OtioText::brief(top.object.value(kSchema).toString()));
     }
     return m_error.isEmpty();
 }
 
-void OtioReader::readTimeline(const QJsonObject &object, OtioCut &cut)
+void OtioReader::readTimeline(const Source &timeline, OtioCut &cut)
 {
-    readCommon(object, cut.timeline, {kTracks, kGlobalStart});
-    cut.name = cut.timeline.name;
-    cut.start = readTime(object, kGlobalStart, cut.timeline.place, cut.startRate);
-    const QJsonObject tracks = readObject(object, kTracks, cut.timeline.place);
+    OtioNode &node = cut.timeline;
+    node.object = timeline.number;
+    node.childMember = JsonOutline::Tracks;
+    readCommon(timeline.object, node, {kTracks, kGlobalStart});
+    noteVersion(timeline.object, 1, node.place);
+    cut.name = node.name;
+    cut.start = readTime(timeline.object, kGlobalStart, node.place, cut.startRate);
+    const QJsonObject tracks = readObject(timeline.object, kTracks, node.place);
     if (!tracks.isEmpty())
-        readStackOf(tracks, cut);
+        readStackOf({tracks, ChildNumbers(m_outline, node).of(tracks)}, cut);
     cut.stack.kind = OtioNode::Stack;
 }
 
-bool OtioReader::readCollection(const QJsonObject &object, OtioCut &cut)
+bool OtioReader::readCollection(const Source &source, OtioCut &cut)
 {
     OtioNode &collection = cut.collection;
     collection.place = OtioText::tr("collection");
-    readCommon(object, collection, {kChildren});
-    const QJsonArray children = readArray(object, kChildren, collection.place);
-    const auto isCut = [](const QJsonValue &child) { return isCutSchema(schemaOf(child.toObject()).name); };
-    const auto first = std::find_if(children.begin(), children.end(), isCut);
-    if (first == children.end()) {
-        m_error = OtioText::tr("the collection holds no Timeline, Stack, Track or Clip");
-        return false;
+    collection.object = source.number;
+    collection.childMember = JsonOutline::Children;
+    readCommon(source.object, collection, {kChildren});
+    noteVersion(source.object, 1, collection.place);
+    const QJsonArray children = readArray(source.object, kChildren, collection.place);
+    ChildNumbers numbers(m_outline, collection);
+    for (const QJsonValue &child : children) {
+        const Source first{child.toObject(), numbers.of(child)};
+        if (!isCutSchema(schemaOf(first.object).name))
+            continue;
+        if (children.size() > 1) {
+            m_notes.loss("collection-rest", collection.place,
+                OtioText::tr("only its first cut is read, %1 other objects are not").arg(children.size() - 1));
+        }
+        return readTop(first, cut);
     }
-    if (children.size() > 1) {
-        m_notes.loss("collection-rest", collection.place,
-            OtioText::tr("only its first cut is read, %1 other objects are not").arg(children.size() - 1));
-    }
-    return readTop(first->toObject(), cut);
+    m_error = OtioText::tr("the collection holds no Timeline, Stack, Track or Clip");
+    return false;
 }
 
 // Whatever stands for the tracks of a timeline, as a stack.
-void OtioReader::readStackOf(const QJsonObject &item, OtioCut &cut)
+void OtioReader::readStackOf(const Source &item, OtioCut &cut)
 {
-    const QString schema = schemaOf(item).name;
-    OtioNode node = readItem(item,
+    const QString schema = schemaOf(item.object).name;
+    OtioNode node = readItem(item.object, item.number,
         schema == QLatin1String("Stack")       ? OtioText::tr("stack")
             : schema == QLatin1String("Track") ? OtioText::tr("track 1")
                                                : OtioText::tr("item 1"));
@@ -158,10 +201,11 @@ void OtioReader::readStackOf(const QJsonObject &item, OtioCut &cut)
     cut.stack.children.push_back(node.kind == OtioNode::Track ? std::move(node) : impliedTrackAround(std::move(node)));
 }
 
-OtioNode OtioReader::readItem(const QJsonValue &value, const QString &place)
+OtioNode OtioReader::readItem(const QJsonValue &value, int number, const QString &place)
 {
     OtioNode node;
     node.place = place;
+    node.object = number;
     if (++m_items > mostItems)
         return node;
     if (!value.isObject()) {
@@ -169,43 +213,60 @@ OtioNode OtioReader::readItem(const QJsonValue &value, const QString &place)
         return node;
     }
     const QJsonObject object = value.toObject();
-    const Schema schema = schemaOf(object);
-    const int newest = schema.name == QLatin1String("Clip") ? 2 : 1;
-    bool isKnown = true;
-    if (schema.name == QLatin1String("Clip")) {
+    const QString schema = schemaOf(object).name;
+    if (schema == QLatin1String("Clip") || schema == QLatin1String("Gap") || schema == QLatin1String("Transition")
+        || schema == QLatin1String("Track") || schema == QLatin1String("Stack")) {
+        readKnownItem(object, node, schema);
+        noteVersion(object, schema == QLatin1String("Clip") ? 2 : 1, node.place);
+        return node;
+    }
+    // Its time is kept as a gap, so that what follows it stays where it is.
+    node.duration = readRange(object, kSourceRange, place).duration;
+    m_notes.loss("unknown-schema", place,
+        OtioText::tr("a %1 is not known and is left out; its time is kept")
+            .arg(OtioText::brief(object.value(kSchema).toString())));
+    return node;
+}
+
+void OtioReader::readKnownItem(const QJsonObject &object, OtioNode &node, const QString &schema)
+{
+    if (schema == QLatin1String("Clip")) {
         node.kind = OtioNode::Clip;
         readInTime(object, node, {kMedia, kAllMedia, kActiveMedia});
         readClipMedia(object, node);
-    } else if (schema.name == QLatin1String("Gap")) {
+    } else if (schema == QLatin1String("Gap")) {
         readInTime(object, node, {});
-    } else if (schema.name == QLatin1String("Transition")) {
+    } else if (schema == QLatin1String("Transition")) {
         node.kind = OtioNode::Transition;
         readCommon(object, node, {kType, kInOffset, kOutOffset});
         readTransition(object, node);
-    } else if (schema.name == QLatin1String("Track")) {
+    } else if (schema == QLatin1String("Track")) {
         node.kind = OtioNode::Track;
+        node.childMember = JsonOutline::Children;
         readInTime(object, node, {kChildren, kKind});
         readTrackKind(object, node);
         readTrackChildren(object, node);
-    } else if (schema.name == QLatin1String("Stack")) {
+    } else {
         node.kind = OtioNode::Stack;
+        node.childMember = JsonOutline::Children;
         readInTime(object, node, {kChildren});
         readStackChildren(object, node);
-    } else {
-        // Its time is kept as a gap, so that what follows it stays where it is.
-        isKnown = false;
-        const Range range = readRange(object, kSourceRange, place);
-        node.duration = range.duration;
-        m_notes.loss("unknown-schema", place,
-            OtioText::tr("a %1 is not known and is left out; its time is kept")
-                .arg(OtioText::brief(object.value(kSchema).toString())));
     }
-    if (isKnown && schema.version > newest) {
-        m_notes.change("newer-schema", node.place,
+}
+
+void OtioReader::noteVersion(const QJsonObject &object, int newest, const QString &place)
+{
+    const Schema schema = schemaOf(object);
+    const QString written = OtioText::brief(object.value(kSchema).toString());
+    if (schema.version < 1) {
+        m_notes.change("schema-version", place,
+            OtioText::tr("%1 has no version that could be and is read as %2.%3")
+                .arg(written, schema.name, QString::number(newest)));
+    } else if (schema.version > newest) {
+        m_notes.change("newer-schema", place,
             OtioText::tr("%1 is newer than what is known and is read as %2.%3")
-                .arg(OtioText::brief(object.value(kSchema).toString()), schema.name, QString::number(newest)));
+                .arg(written, schema.name, QString::number(newest)));
     }
-    return node;
 }
 
 void OtioReader::readCommon(const QJsonObject &object, OtioNode &node, const QStringList &ownFields)
@@ -243,8 +304,11 @@ void OtioReader::readStackChildren(const QJsonObject &object, OtioNode &stack)
     const QJsonArray children = readArray(object, kChildren, stack.place);
     // The tracks of the whole cut need no further place; the stack is then the first item read.
     const QString inside = m_items == 1 ? QString() : OtioText::brief(stack.place, 90) + QStringLiteral(", ");
+    ChildNumbers numbers(m_outline, stack);
     for (qsizetype i = 0; i < children.size() && m_items <= mostItems; ++i) {
-        OtioNode child = readItem(children[i], inside + OtioText::tr("track %1").arg(i + 1));
+        const QJsonValue value = children[i];
+        OtioNode child = readItem(value, numbers.of(value), inside + OtioText::tr("track %1").arg(i + 1));
+        child.number = static_cast<int>(i + 1);
         if (child.kind == OtioNode::Track) {
             stack.children.push_back(std::move(child));
         } else if (child.kind == OtioNode::Clip || child.kind == OtioNode::Stack) {
@@ -265,11 +329,15 @@ void OtioReader::readTrackChildren(const QJsonObject &object, OtioNode &track)
 {
     const QJsonArray children = readArray(object, kChildren, track.place);
     const QString inside = OtioText::brief(track.place, 90) + QStringLiteral(", ");
+    ChildNumbers numbers(m_outline, track);
     OtioTime sum;
     for (qsizetype i = 0; i < children.size() && m_items <= mostItems; ++i) {
-        track.children.push_back(readItem(children[i], inside + OtioText::tr("item %1").arg(i + 1)));
-        if (track.children.back().kind != OtioNode::Transition)
-            sum = sum + track.children.back().duration;
+        const QJsonValue value = children[i];
+        OtioNode child = readItem(value, numbers.of(value), inside + OtioText::tr("item %1").arg(i + 1));
+        child.number = static_cast<int>(i + 1);
+        if (child.kind != OtioNode::Transition)
+            sum = sum + child.duration;
+        track.children.push_back(std::move(child));
     }
     if (!track.hasSourceRange)
         track.duration = sum;
@@ -331,13 +399,15 @@ void OtioReader::readClipMedia(const QJsonObject &object, OtioNode &clip)
     clip.rate = available.rate;
 }
 
-// Empty for a reference that refers to nothing.
+// Empty for a reference that says nothing: a missing one without any field that holds something.
 QString OtioReader::mediaText(const QJsonObject &media) const
 {
     const QString schema = media.value(kSchema).toString();
     const QString name = media.value(kName).toString();
-    const bool saysNothing = name.isEmpty() && isEmptyValue(media.value(kMetadata));
-    if (media.isEmpty() || (schema.startsWith(QLatin1String("MissingReference")) && saysNothing))
+    bool saysNothing = media.isEmpty() || schema.startsWith(QLatin1String("MissingReference"));
+    for (auto field = media.begin(); saysNothing && field != media.end(); ++field)
+        saysNothing = field.key() == kSchema || isEmptyValue(field.value());
+    if (saysNothing)
         return QString();
     const QString url = media.value(kTargetUrl).toString();
     return OtioText::brief(schema) + QLatin1Char(' ') + OtioText::brief(url.isEmpty() ? name : url, 120);

@@ -14,13 +14,20 @@ class OtioReader
 public:
     static constexpr int mostItems = 500'000;
 
-    explicit OtioReader(ImportNotes &notes) : m_notes(notes) {}
+    /// Both are borrowed; the outline is that of the text that is read.
+    OtioReader(const JsonOutline &outline, ImportNotes &notes) : m_outline(outline), m_notes(notes) {}
 
-    /// False when @p root holds no cut; error() then tells why.
+    /// False when @p root, the first object of the text, holds no cut; error() then tells why.
     bool read(const QJsonObject &root, OtioCut &cut);
     const QString &error() const { return m_error; }
 
 private:
+    /// An object of the file, with its number in the outline.
+    struct Source {
+        QJsonObject object;
+        int number = JsonOutline::none;
+    };
+
     struct Range {
         bool isGiven = false;
         OtioTime start;
@@ -28,12 +35,15 @@ private:
         OtioTime::Rate rate;
     };
 
-    bool readTop(const QJsonObject &top, OtioCut &cut);
-    void readTimeline(const QJsonObject &object, OtioCut &cut);
-    bool readCollection(const QJsonObject &object, OtioCut &cut);
-    void readStackOf(const QJsonObject &item, OtioCut &cut);
+    bool readTop(const Source &top, OtioCut &cut);
+    void readTimeline(const Source &timeline, OtioCut &cut);
+    bool readCollection(const Source &source, OtioCut &cut);
+    void readStackOf(const Source &item, OtioCut &cut);
 
-    OtioNode readItem(const QJsonValue &value, const QString &place);
+    OtioNode readItem(const QJsonValue &value, int number, const QString &place);
+    /// What the item says, whose schema is known as @p name and @p newest.
+    void readKnownItem(const QJsonObject &object, OtioNode &node, const QString &schema);
+    void noteVersion(const QJsonObject &object, int newest, const QString &place);
     /// What every object has. The fields that it has besides are read elsewhere; all others are unknown.
     void readCommon(const QJsonObject &object, OtioNode &node, const QStringList &ownFields);
     /// What stands in time has a range, may be disabled, and carries markers and effects.
@@ -55,6 +65,7 @@ private:
     void noteBadValue(const QString &field, const QString &place);
     void noteBadTime(const QString &field, const QString &place);
 
+    const JsonOutline &m_outline;
     ImportNotes &m_notes;
     QString m_error;
     int m_items = 0;
