@@ -19,6 +19,7 @@
 #include <QDir>
 #include <QFileInfo>
 
+#include <algorithm>
 #include <cmath>
 #include <memory>
 
@@ -51,10 +52,39 @@ struct Order {
     QString folder;
     QString reportFile; ///< empty: none
     OtioOptions options;
+    QStringList accepted; ///< codes of losses that strictness lets pass
     bool isStrict = false;
     bool isForced = false;
     bool waits = false;
 };
+
+/// True for a loss that nobody accepts.
+bool isMissed(const ImportNote &note, const Order &order)
+{
+    return note.severity == ImportNote::Loss && !order.accepted.contains(note.code);
+}
+
+/// Last, so that it is not scrolled away: a project that shows nothing is hardly what was wanted.
+void warnOfAnEmptyTimeline()
+{
+    Console::tell(CliText::tr("warning: the timeline has no shot, although the cut has some"));
+}
+
+/// The codes in @p text, with commas between; false, and told, when one of them is none of a loss.
+bool parseAccepted(const QString &text, QStringList &codes)
+{
+    const QStringList known = OtioImport::lossCodes();
+    codes = text.split(u',');
+    for (QString &code : codes) {
+        code = code.trimmed();
+        if (known.contains(code))
+            continue;
+        refuseUsage(CliText::tr("import: --accept: nothing can be lost with the code \"%1\"; the codes are %2")
+                        .arg(code, known.join(QStringLiteral(", "))));
+        return false;
+    }
+    return true;
+}
 
 ExitCode refuseExisting(const QString &folder)
 {
@@ -173,8 +203,15 @@ ExitCode import(const Order &order)
         tellError(order.input, imported.error);
         return ExitCode::BadInput;
     }
+    const auto isEmptied = [](const ImportNote &note) {
+        return note.code == QLatin1String("empty-timeline") && note.severity == ImportNote::Loss;
+    };
+    const auto &notes = imported.notes;
+    const bool hasNoShot = std::any_of(notes.begin(), notes.end(), isEmptied);
+    const bool isLossy =
+        std::any_of(notes.begin(), notes.end(), [&order](const ImportNote &note) { return isMissed(note, order); });
     const ImportReport report(std::move(imported.notes));
-    if (order.isStrict && report.count(ImportNote::Loss) > 0) {
+    if (order.isStrict && isLossy) {
         report.tell(ImportNote::Loss);
         Console::tell(CliText::tr("nothing is written, since something would be lost"));
         return ExitCode::SomethingLost;
@@ -183,6 +220,8 @@ ExitCode import(const Order &order)
     session->releaseProject();
     if (code == ExitCode::Done)
         report.tell(ImportNote::Change);
+    if (hasNoShot && code == ExitCode::Done)
+        warnOfAnEmptyTimeline();
     return code;
 }
 
@@ -206,6 +245,9 @@ ExitCode runImport(const QCommandLineParser &parser)
     if (isReportInTheWay(order))
         return refuseUsage(
             CliText::tr("import: the report would take the place of another file: %1").arg(order.reportFile));
+    const QStringList accepted = parser.values(QStringLiteral("accept"));
+    if (!accepted.isEmpty() && !parseAccepted(accepted.join(u','), order.accepted))
+        return ExitCode::Usage;
     order.options.hasRate = parser.isSet(QStringLiteral("rate"));
     const QString rate = parser.value(QStringLiteral("rate"));
     if (order.options.hasRate && !parseRate(rate, order.options.rate))
@@ -218,7 +260,7 @@ ExitCode runImport(const QCommandLineParser &parser)
 Subcommand importCommand()
 {
     return {QStringLiteral("import"), {QStringLiteral("IN")},
-        QStringLiteral("IN -o DIR [--rate R] [--report FILE] [--strict] [--force] [--wait]"),
+        QStringLiteral("IN -o DIR [--rate R] [--report FILE] [--strict [--accept CODE,...]] [--force] [--wait]"),
         CliText::tr("Make a project of an OpenTimelineIO cut."),
         {{{QStringLiteral("o"), QStringLiteral("output")}, CliText::tr("The folder of the new project."),
              QStringLiteral("DIR")},
@@ -227,6 +269,9 @@ Subcommand importCommand()
             {QStringLiteral("report"), CliText::tr("Write all notes to a file or a pipe, as JSON."),
                 QStringLiteral("FILE")},
             {QStringLiteral("strict"), CliText::tr("Fail when something would be lost.")},
+            {QStringLiteral("accept"),
+                CliText::tr("Losses that --strict lets pass, by the codes of their notes; a wrong one lists them."),
+                QStringLiteral("CODE,...")},
             {QStringLiteral("force"),
                 CliText::tr(
                     "Use a folder that is there. An earlier project in it is kept, \"~\" appended to its name.")},

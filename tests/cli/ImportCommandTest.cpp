@@ -309,6 +309,71 @@ TEST_F(ImportCommand, WritesNothingUnderStrictWhenSomethingIsLost)
     EXPECT_EQ(import(cut(cutOf("Night")), {QStringLiteral("--strict")}).exitCode, 0);
 }
 
+TEST_F(ImportCommand, LosesNothingThatItKeeps)
+{
+    const CommandRun run = import(cut(cutOf("Night", keptFields)), {QStringLiteral("--strict")});
+    EXPECT_EQ(run.exitCode, 0) << run.errors.toStdString();
+    EXPECT_TRUE(run.errors.contains("notes: 0 loss, 0 change, 1 info")) << run.errors.toStdString();
+    const CommandRun dump =
+        runPlotka({QStringLiteral("dump"), output(), QStringLiteral("--record"), QStringLiteral("string")});
+    EXPECT_TRUE(dump.output.contains("name \"otio\"")) << dump.output.toStdString();
+    EXPECT_TRUE(dump.output.contains(R"("effects":[{"OTIO_SCHEMA":"Effect.1","name":"blur"}])"))
+        << dump.output.toStdString();
+}
+
+TEST_F(ImportCommand, LetsAcceptedLossesPass)
+{
+    const QString input = cut(cutOf("Night", lossyFields));
+    const auto accepting = [&](const char *codes) {
+        return import(input,
+            {QStringLiteral("--strict"), QStringLiteral("--force"), QStringLiteral("--accept"),
+                QString::fromLatin1(codes)});
+    };
+    EXPECT_EQ(accepting("nested-track").exitCode, 4);
+    expectNothingWritten();
+    EXPECT_EQ(accepting("bad-value").exitCode, 0);
+    EXPECT_EQ(accepting("nested-track, bad-value").exitCode, 0);
+    EXPECT_EQ(import(input,
+                  {QStringLiteral("--strict"), QStringLiteral("--force"), QStringLiteral("--accept"),
+                      QStringLiteral("bad-value"), QStringLiteral("--accept"), QStringLiteral("too-late")})
+                  .exitCode,
+        0);
+}
+
+TEST_F(ImportCommand, RefusesToAcceptWhatIsNoLoss)
+{
+    for (const char *codes : {"", "lost", "rounded", "bad-value,", "bad-value,lost", "BAD-VALUE"}) {
+        const CommandRun run = import(cut(cutOf("Night")), {QStringLiteral("--accept"), QString::fromLatin1(codes)});
+        EXPECT_EQ(run.exitCode, 2) << codes;
+        EXPECT_TRUE(run.errors.contains("bad-value, collection-rest, ")) << run.errors.toStdString();
+        EXPECT_TRUE(run.errors.contains("unknown-schema")) << run.errors.toStdString();
+        expectNothingWritten();
+    }
+}
+
+TEST_F(ImportCommand, WarnsLastOfATimelineWithoutAShot)
+{
+    const QByteArray warning = "plotka: warning: the timeline has no shot, although the cut has some\n";
+    const CommandRun run = import(cut(emptiedCut));
+    EXPECT_EQ(run.exitCode, 0);
+    EXPECT_TRUE(run.errors.endsWith(warning)) << run.errors.toStdString();
+
+    const CommandRun strict = import(cut(emptiedCut), {QStringLiteral("--strict"), QStringLiteral("--force")});
+    EXPECT_EQ(strict.exitCode, 4);
+    EXPECT_TRUE(strict.errors.contains("loss: track 1: no item of it makes a shot in its source range"))
+        << strict.errors.toStdString();
+    const CommandRun accepted = import(cut(emptiedCut),
+        {QStringLiteral("--strict"), QStringLiteral("--force"), QStringLiteral("--accept"),
+            QStringLiteral("trimmed-away,empty-timeline")});
+    EXPECT_EQ(accepted.exitCode, 0);
+    EXPECT_TRUE(accepted.errors.endsWith(warning)) << accepted.errors.toStdString();
+
+    const CommandRun bare =
+        import(cut(R"({"OTIO_SCHEMA": "Timeline.1"})"), {QStringLiteral("--strict"), QStringLiteral("--force")});
+    EXPECT_EQ(bare.exitCode, 0);
+    EXPECT_FALSE(bare.errors.contains("warning")) << bare.errors.toStdString();
+}
+
 TEST_F(ImportCommand, ReportsAllNotesAsJson)
 {
     const QString report = path(QStringLiteral("report.json"));
