@@ -1,8 +1,11 @@
+#include "interchange/LooseJson_p.h"
+#include "interchange/otio/OtioKeeper_p.h"
 #include "interchange/otio/OtioProjectImport.h"
 #include "project/PKC_PlotkaProject.h"
 #include "project/PKC_SessionContext.h"
 #include "scene/session/SC_Project.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
@@ -59,6 +62,34 @@ void checkTracks(const std::vector<OtioTrackPlan> &tracks)
     }
 }
 
+// What is kept of an item is an object that can be read again and holds nothing that a file cannot.
+void checkRecords(const std::vector<OtioRecordPlan> &records)
+{
+    for (const OtioRecordPlan &record : records) {
+        const QByteArray text = record.text.toUtf8();
+        require(record.name.startsWith(QLatin1String("otio")) && text.size() <= OtioKeeper::mostBytes);
+        const auto isStorable = [](QChar c) { return c.unicode() >= 0x20 && c.unicode() < 0xFFFE; };
+        require(std::all_of(record.text.begin(), record.text.end(), isStorable));
+        require(!LooseJson::parse(text).hasError());
+    }
+}
+
+void checkKept(const OtioReading &reading)
+{
+    checkRecords(reading.plan.records);
+    for (const OtioShotPlan &shot : reading.plan.shots) {
+        checkRecords(shot.records);
+        for (const OtioPanelPlan &panel : shot.panels)
+            checkRecords(panel.records);
+    }
+    for (const OtioTrackPlan &track : reading.plan.videoTracks) {
+        for (const OtioClipPlan &clip : track.clips)
+            checkRecords(clip.records);
+    }
+    for (const ImportNote &note : reading.notes)
+        require(note.severity != ImportNote::Loss || OtioImport::lossCodes().contains(note.code));
+}
+
 // The project is what the plan says; the timeline refuses nothing.
 void checkProject(const QByteArray &bytes, const OtioReading &reading)
 {
@@ -92,6 +123,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     checkTransitions(reading.plan);
     checkTracks(reading.plan.videoTracks);
     checkTracks(reading.plan.soundTracks);
+    checkKept(reading);
     checkProject(bytes, reading);
     return 0;
 }
