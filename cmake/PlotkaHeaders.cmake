@@ -31,7 +31,7 @@ function(plotka_check_headers target)
     endforeach()
 endfunction()
 
-foreach(target PlotkaScene PlotkaCore PlotkaInterchange)
+foreach(target PlotkaScene PlotkaCore PlotkaListing PlotkaInterchange)
     if(TARGET ${target})
         plotka_check_headers(${target})
     endif()

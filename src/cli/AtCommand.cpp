@@ -4,11 +4,12 @@
 #include "cli/CommandLine.h"
 #include "cli/Console.h"
 #include "cli/DisplayWidth.h"
-#include "cli/ItemFields.h"
-#include "cli/JsonWriter.h"
 #include "cli/OpenedProject.h"
 #include "cli/Progress.h"
 #include "cli/TextTable.h"
+#include "listing/FrameAnswer.h"
+#include "listing/ItemFields.h"
+#include "listing/JsonWriter.h"
 
 #include <QCommandLineParser>
 #include <QLocale>

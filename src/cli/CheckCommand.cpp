@@ -2,11 +2,11 @@
 
 #include "cli/CliText.h"
 #include "cli/Console.h"
-#include "cli/JsonWriter.h"
 #include "cli/OpenedProject.h"
 #include "cli/Progress.h"
-#include "cli/ProjectCheck.h"
 #include "cli/TextTable.h"
+#include "listing/JsonWriter.h"
+#include "listing/ProjectCheck.h"
 #include "scene/session/SC_Project.h"
 
 #include <QCommandLineParser>
@@ -57,7 +57,7 @@ ExitCode runCheck(const QCommandLineParser &parser)
     std::vector<Finding> findings;
     {
         const Progress progress(CliText::tr("checking %1").arg(file));
-        findings = checkProject(opened);
+        findings = checkProject(opened.project(), opened.report());
     }
     const QString text = parser.isSet(QStringLiteral("json")) ? jsonText(file, findings) : peopleText(findings);
     if (!Console::writeResult(text))

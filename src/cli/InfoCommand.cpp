@@ -2,11 +2,11 @@
 
 #include "cli/CliText.h"
 #include "cli/Console.h"
-#include "cli/JsonWriter.h"
 #include "cli/OpenedProject.h"
 #include "cli/Progress.h"
 #include "cli/TextTable.h"
-#include "cli/TimelineListing.h"
+#include "listing/JsonWriter.h"
+#include "listing/TimelineListing.h"
 #include "project/PKC_PlotkaProject.h"
 #include "scene/metadata/PIO_MetadataUnknown.h"
 #include "scene/session/SC_Project.h"

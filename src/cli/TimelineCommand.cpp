@@ -3,14 +3,15 @@
 #include "cli/CliText.h"
 #include "cli/CommandLine.h"
 #include "cli/Console.h"
-#include "cli/CsvWriter.h"
 #include "cli/DisplayWidth.h"
-#include "cli/ItemFields.h"
-#include "cli/JsonWriter.h"
 #include "cli/OpenedProject.h"
 #include "cli/Progress.h"
 #include "cli/TextTable.h"
 #include "cli/TimelineDrawing.h"
+#include "listing/CsvWriter.h"
+#include "listing/ItemFields.h"
+#include "listing/JsonWriter.h"
+#include "listing/TimelineListing.h"
 
 #include <QCommandLineParser>
 

@@ -2,7 +2,7 @@
 
 #include "cli/CliText.h"
 #include "cli/DisplayWidth.h"
-#include "cli/TimelineListing.h"
+#include "listing/TimelineListing.h"
 
 #include <algorithm>
 

@@ -1,4 +1,4 @@
-#include "cli/CsvWriter.h"
+#include "listing/CsvWriter.h"
 
 #include <QStringList>
 

@@ -1,13 +1,12 @@
-#include "cli/ProjectCheck.h"
+#include "listing/ProjectCheck.h"
 
-#include "cli/CliText.h"
-#include "cli/OpenedProject.h"
-#include "cli/RecordHolders.h"
 #include "infofields/PKC_InfoField.h"
 #include "infofields/PKC_InfoFieldList.h"
 #include "infofields/PKC_PanelInfoFieldDescList.h"
 #include "infofields/PKC_ProjectInfoFieldDescList.h"
 #include "layers/PKC_LayerInfos.h"
+#include "listing/ListingText_p.h"
+#include "listing/RecordHolders.h"
 #include "metadata/PKC_ClipInfo.h"
 #include "metadata/PKC_ProjectCompatibility.h"
 #include "metadata/PKC_ProjectCompatibilityIssues.h"
@@ -35,7 +34,7 @@ namespace
 class Checker
 {
 public:
-    explicit Checker(OpenedProject &opened) : m_opened(opened) {}
+    Checker(PKC_PlotkaProject &project, const SC_FileReport &report) : m_project(project), m_report(report) {}
 
     std::vector<Finding> run();
 
@@ -58,7 +57,8 @@ private:
     void findClips();
     void findDescriptors();
 
-    OpenedProject &m_opened;
+    PKC_PlotkaProject &m_project;
+    const SC_FileReport &m_report;
     std::set<SC_Id> m_clips;
     std::set<int> m_panelFieldIds;
     std::set<int> m_projectFieldIds;
@@ -71,7 +71,7 @@ std::vector<Finding> Checker::run()
     checkFile();
     findClips();
     findDescriptors();
-    for (const RecordHolder &holder : recordHolders(m_opened.asFiled())) {
+    for (const RecordHolder &holder : recordHolders(*m_project.project())) {
         m_nodeNames.reset();
         for (const PIO_Metadata *record : *holder.records)
             checkRecord(holder, record);
@@ -82,7 +82,7 @@ std::vector<Finding> Checker::run()
 
 void Checker::checkFile()
 {
-    for (const auto *entries : {&m_opened.report().entries(), &m_opened.report().remarks()}) {
+    for (const auto *entries : {&m_report.entries(), &m_report.remarks()}) {
         for (const SC_FileReport::Entry &entry : *entries)
             m_findings.push_back({QStringLiteral("damaged"), entry.item, entry.line, entry.message});
     }
@@ -91,8 +91,7 @@ void Checker::checkFile()
 /// A clip is a block of another sequence timed value of the top scene than the timeline, or a sound of the top scene.
 void Checker::findClips()
 {
-    const PKC_PlotkaProject &project = m_opened.project();
-    const TUScene *const top = project.topScene();
+    const TUScene *const top = m_project.topScene();
     if (!top)
         return;
     for (const TUTimedValue *timedValue : top->timedValues()) {
@@ -100,7 +99,7 @@ void Checker::findClips()
             const std::vector<SC_Id> ids = sound->sequenceIds();
             m_clips.insert(ids.begin(), ids.end());
         } else if (const auto *track = dynamic_cast<const TUSeqTimedValue *>(timedValue);
-                   track && track != project.topMainTv()) {
+                   track && track != m_project.topMainTv()) {
             for (auto block = track->beginBlock(); block != track->endBlock(); ++block)
                 m_clips.insert(Plotka::objectId(*block));
             m_clips.erase(Plotka::invalidId); // of blocks that hold nothing
@@ -110,7 +109,7 @@ void Checker::findClips()
 
 void Checker::findDescriptors()
 {
-    PIO_Metadatas *const records = m_opened.asFiled().metadatas();
+    PIO_Metadatas *const records = m_project.project()->metadatas();
     if (const auto *list = PIO_MetadataAccess<PKC_PanelInfoFieldDescList>(records, QString()).get())
         list->getIds(m_panelFieldIds);
     if (const auto *list = PIO_MetadataAccess<PKC_ProjectInfoFieldDescList>(records, QString()).get())
@@ -136,7 +135,7 @@ void Checker::checkRecord(const RecordHolder &holder, const PIO_Metadata *record
 void Checker::checkUnknown(const RecordHolder &holder, const PIO_MetadataUnknown &record)
 {
     add("unknown-record", holder.title,
-        CliText::tr("a record of the unknown type \"%1\", written by \"%2\", version \"%3\"")
+        ListingText::tr("a record of the unknown type \"%1\", written by \"%2\", version \"%3\"")
             .arg(record.metaType(), record.creator(), record.version()));
 }
 
@@ -148,7 +147,7 @@ void Checker::checkLinks(const RecordHolder &holder, const PKC_ClipInfo &info)
     for (const SC_Id &link : links) {
         if (m_clips.count(link) == 0)
             add("dangling-link", holder.title,
-                CliText::tr("linked to the clip %1, which is not there").arg(link.AsString()));
+                ListingText::tr("linked to the clip %1, which is not there").arg(link.AsString()));
     }
 }
 
@@ -159,10 +158,10 @@ void Checker::checkDescriptors(const RecordHolder &holder, const PKC_InfoFieldDe
         const QString id = QString::number(field.id());
         if (field.id() == std::numeric_limits<int>::max() || field.id() == std::numeric_limits<int>::min())
             add("reserved-field-id", holder.title,
-                CliText::tr("the field \"%1\" has the reserved id %2").arg(field.name(), id));
+                ListingText::tr("the field \"%1\" has the reserved id %2").arg(field.name(), id));
         else if (!seen.insert(field.id()).second)
             add("doubled-field-id", holder.title,
-                CliText::tr("the field \"%1\" has the id %2 of another").arg(field.name(), id));
+                ListingText::tr("the field \"%1\" has the id %2 of another").arg(field.name(), id));
     }
 }
 
@@ -172,7 +171,7 @@ void Checker::checkFields(const RecordHolder &holder, const PKC_InfoFieldList &f
     for (const UT_SharedPtr<PKC_InfoField> &field : fields) {
         if (field && field->isGlobal() && known.count(field->id()) == 0)
             add("field-without-descriptor", holder.title,
-                CliText::tr("the value of field %1, which no descriptor describes").arg(field->id()));
+                ListingText::tr("the value of field %1, which no descriptor describes").arg(field->id()));
     }
 }
 
@@ -202,7 +201,7 @@ void Checker::checkLayers(const RecordHolder &holder, const PKC_LayerInfos &laye
     for (const UT_SharedPtr<PKC_LayerInfos::LayerInfo_t> &layer : layers) {
         if (layer && m_nodeNames->count(layer->name) == 0)
             add("layer-without-node", holder.title,
-                CliText::tr("flags for the layer \"%1\", which is not there").arg(layer->name));
+                ListingText::tr("flags for the layer \"%1\", which is not there").arg(layer->name));
     }
 }
 
@@ -216,7 +215,7 @@ void Checker::checkNaming(const RecordHolder &holder, const PKC_NamingRules &rul
     for (const auto &kind : kinds) {
         if (kind.second.autoIncrementValue() == 0)
             add("zero-increment", holder.title,
-                CliText::tr("the names of %1 are incremented by 0").arg(QLatin1String(kind.first)));
+                ListingText::tr("the names of %1 are incremented by 0").arg(QLatin1String(kind.first)));
     }
 }
 
@@ -224,24 +223,24 @@ void Checker::checkNaming(const RecordHolder &holder, const PKC_NamingRules &rul
 void Checker::checkCompatibility()
 {
     using Issue = PKC_ProjectCompatibility::CompatiblityIssue_s;
-    for (const Issue &issue : PKC_ProjectCompatibilityIssues::analyseProject(&m_opened.project())) {
-        add("compatibility", CliText::tr("project"),
-            CliText::tr("\"%1\" needs %2 %3").arg(issue.id, issue.product, issue.version));
+    for (const Issue &issue : PKC_ProjectCompatibilityIssues::analyseProject(&m_project)) {
+        add("compatibility", ListingText::tr("project"),
+            ListingText::tr("\"%1\" needs %2 %3").arg(issue.id, issue.product, issue.version));
     }
     const auto *const recorded =
-        PIO_MetadataAccess<PKC_ProjectCompatibility>(m_opened.asFiled().metadatas(), QString()).get();
+        PIO_MetadataAccess<PKC_ProjectCompatibility>(m_project.project()->metadatas(), QString()).get();
     if (!recorded)
         return;
     for (const Issue &issue : recorded->compatiblityIssueList()) {
         if (PKC_ProjectCompatibilityIssues::hasUnknowsIssue({issue}))
-            add("compatibility", CliText::tr("project"),
-                CliText::tr("the file tells of \"%1\", which nobody here knows").arg(issue.id));
+            add("compatibility", ListingText::tr("project"),
+                ListingText::tr("the file tells of \"%1\", which nobody here knows").arg(issue.id));
     }
 }
 
 } // namespace
 
-std::vector<Finding> checkProject(OpenedProject &opened)
+std::vector<Finding> checkProject(PKC_PlotkaProject &project, const SC_FileReport &report)
 {
-    return Checker(opened).run();
+    return Checker(project, report).run();
 }

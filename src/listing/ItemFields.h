@@ -1,6 +1,7 @@
 #pragma once
 
-#include "cli/TimelineListing.h"
+#include "listing/TimelineItem.h"
+#include "plotka_listing_export.h"
 
 #include <QVariant>
 
@@ -11,7 +12,7 @@
 /// have is null.
 using ItemFields = std::vector<std::pair<QString, QVariant>>;
 
-ItemFields fieldsOf(const TimelineItem &item);
+PLOTKA_LISTING_EXPORT ItemFields fieldsOf(const TimelineItem &item);
 
 /// "shot", "panel", "transition", "gap".
-QString kindText(TimelineItem::Kind kind);
+PLOTKA_LISTING_EXPORT QString kindText(TimelineItem::Kind kind);

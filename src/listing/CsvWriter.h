@@ -1,10 +1,10 @@
 #pragma once
 
-#include "cli/ItemFields.h"
+#include "listing/ItemFields.h"
 
 /// Writes comma-separated values: a line of keys, then a line for each item. Null is an empty field; a text with a comma,
 /// a quote or a line end stands in quotes, and its quotes are doubled.
-class CsvWriter
+class PLOTKA_LISTING_EXPORT CsvWriter
 {
 public:
     void addRow(const ItemFields &fields);

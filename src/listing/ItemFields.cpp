@@ -1,4 +1,4 @@
-#include "cli/ItemFields.h"
+#include "listing/ItemFields.h"
 
 namespace
 {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "plotka_listing_export.h"
+
 #include <QString>
 
 #include <vector>
@@ -16,4 +18,4 @@ struct RecordHolder {
 };
 
 /// The project, then its scenes in their order. Nothing is owned; good until the project is edited.
-std::vector<RecordHolder> recordHolders(const SC_Project &project);
+PLOTKA_LISTING_EXPORT std::vector<RecordHolder> recordHolders(const SC_Project &project);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "plotka_listing_export.h"
+
 #include <QLatin1String>
 #include <QString>
 #include <QVariant>
@@ -12,7 +14,7 @@
 ///     json.field(QLatin1String("name"), name);
 ///     json.beginArray(QLatin1String("items"));
 ///     ...
-class JsonWriter
+class PLOTKA_LISTING_EXPORT JsonWriter
 {
 public:
     /// What lies in a container stands on lines of its own, or all on one line.

@@ -1,4 +1,4 @@
-#include "cli/JsonWriter.h"
+#include "listing/JsonWriter.h"
 
 #include <QJsonDocument>
 #include <QJsonObject>

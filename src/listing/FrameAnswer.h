@@ -1,0 +1,32 @@
+#pragma once
+
+#include "listing/TimelineItem.h"
+#include "plotka_listing_export.h"
+
+#include <QString>
+
+#include <optional>
+
+class PKC_PlotkaProject;
+
+/// What stands at one frame. Outside the timeline, which is before frame 1 and after its last one, nothing does.
+struct FrameAnswer {
+    /// What is found with one priority, where a transition lets two shots cover the frame.
+    struct Side {
+        std::optional<TimelineItem> shot;
+        double shotFrame = 0;
+        std::optional<TimelineItem> panel;
+        unsigned int tvFrame = 0;
+        double panelFrame = 0;
+    };
+
+    qint64 frame = 0;
+    QString timecode;            ///< empty outside
+    unsigned int frameCount = 0; ///< of the timeline
+    Side backward;
+    Side forward;
+    std::optional<TimelineItem> transition;
+    std::optional<TimelineItem> gap;
+};
+
+PLOTKA_LISTING_EXPORT FrameAnswer lookAt(const PKC_PlotkaProject &project, qint64 frame);
