@@ -4,18 +4,23 @@
 #include "cli/CommandLine.h"
 #include "cli/Console.h"
 #include "cli/DisplayWidth.h"
+#include "cli/FrameRange.h"
 #include "cli/OpenedProject.h"
 #include "cli/Progress.h"
 #include "cli/TextTable.h"
 #include "listing/FrameAnswer.h"
 #include "listing/ItemFields.h"
 #include "listing/JsonWriter.h"
+#include "listing/NumberText.h"
+#include "scene/session/SC_Project.h"
 
 #include <QCommandLineParser>
-#include <QLocale>
+#include <QFile>
 
-#include <algorithm>
+#include <cstdio>
 #include <limits>
+#include <utility>
+#include <vector>
 
 namespace
 {
@@ -45,16 +50,22 @@ void writePanel(JsonWriter &json, QLatin1String key, const FrameAnswer::Side &si
 {
     writeItem(json, key, side.panel,
         {{QStringLiteral("shotFrame"), side.shotFrame}, {QStringLiteral("tvFrame"), side.tvFrame},
-            {QStringLiteral("panelFrame"), side.panelFrame}});
+            {QStringLiteral("panelFrame"), side.panelFrame ? QVariant(*side.panelFrame) : QVariant()}});
 }
 
-QString jsonText(const FrameAnswer &answer)
+QVariant orNull(const QString &text)
+{
+    return text.isEmpty() ? QVariant() : QVariant(text);
+}
+
+void writeAnswer(JsonWriter &json, const FrameAnswer &answer)
 {
     const QLatin1String backward("backward");
     const QLatin1String forward("forward");
-    JsonWriter json;
     json.beginObject();
     json.field(QLatin1String("frame"), answer.frame);
+    json.field(QLatin1String("timecode"), orNull(answer.timecode));
+    json.field(QLatin1String("dropTimecode"), orNull(answer.dropTimecode));
     json.beginObject(QLatin1String("shot"));
     writeShot(json, backward, answer.backward);
     writeShot(json, forward, answer.forward);
@@ -66,7 +77,6 @@ QString jsonText(const FrameAnswer &answer)
     writeItem(json, QLatin1String("transition"), answer.transition);
     writeItem(json, QLatin1String("gap"), answer.gap);
     json.endObject();
-    return json.text();
 }
 
 QString nameText(const TimelineItem &item)
@@ -84,12 +94,15 @@ QString placeText(const TimelineItem &item)
 
 QString itemText(const std::optional<TimelineItem> &item)
 {
-    return item ? CliText::tr("%1, %2").arg(nameText(*item), placeText(*item)) : QStringLiteral("-");
+    if (!item)
+        return QStringLiteral("-");
+    const QString text = CliText::tr("%1, %2").arg(nameText(*item), placeText(*item));
+    return item->isEnabled ? text : CliText::tr("%1, off").arg(text);
 }
 
-QString frameText(bool isThere, double frame)
+QString frameText(unsigned int frame)
 {
-    return isThere ? QString::number(frame, 'g', QLocale::FloatingPointShortest) : QStringLiteral("-");
+    return frame > 0 ? QString::number(frame) : QStringLiteral("-");
 }
 
 QString valueText(const FrameAnswer::Side &side, int row)
@@ -100,11 +113,11 @@ QString valueText(const FrameAnswer::Side &side, int row)
     case 1:
         return itemText(side.panel);
     case 2:
-        return frameText(side.shot.has_value(), side.shotFrame);
+        return frameText(side.shotFrame);
     case 3:
-        return frameText(side.tvFrame > 0, side.tvFrame);
+        return frameText(side.tvFrame);
     default:
-        return frameText(side.panel.has_value(), side.panelFrame);
+        return side.panelFrame ? numberText(*side.panelFrame) : QStringLiteral("-");
     }
 }
 
@@ -135,8 +148,11 @@ QString peopleText(const FrameAnswer &answer)
                    .arg(answer.frameCount)
             + u'\n';
     }
+    const QString timecode = answer.dropTimecode.isNull()
+        ? answer.timecode
+        : CliText::tr("%1, without drop frames %2").arg(answer.dropTimecode, answer.timecode);
     QStringList lines = {CliText::tr("project frame %1 of %2, timecode %3")
-                             .arg(QString::number(answer.frame), QString::number(answer.frameCount), answer.timecode)};
+                             .arg(QString::number(answer.frame), QString::number(answer.frameCount), timecode)};
     const int width = Console::outputWidth();
     if (answer.transition) {
         const QString name = DisplayWidth::printable(itemText(answer.transition));
@@ -154,46 +170,113 @@ QString peopleText(const FrameAnswer &answer)
     return lines.join(u'\n') + u'\n';
 }
 
-/// Digits with or without a sign. What 64 bits cannot hold is the outermost number that they can.
-bool parseFrame(const QString &text, qint64 &frame)
+/// The words of FRAME arguments, then those of standard input when it is asked for.
+QStringList frameWords(const QCommandLineParser &parser)
 {
-    const bool isNegative = text.startsWith(u'-');
-    const QString digits = isNegative || text.startsWith(u'+') ? text.mid(1) : text;
-    const auto isDigit = [](QChar c) { return c >= u'0' && c <= u'9'; };
-    if (digits.isEmpty() || !std::all_of(digits.begin(), digits.end(), isDigit))
-        return false;
-    bool fits = false;
-    frame = text.toLongLong(&fits);
-    if (!fits)
-        frame = isNegative ? std::numeric_limits<qint64>::min() : std::numeric_limits<qint64>::max();
-    return true;
+    QStringList words = parser.positionalArguments().mid(1);
+    QFile input;
+    if (parser.isSet(QStringLiteral("stdin")) && input.open(stdin, QIODevice::ReadOnly))
+        words += QString::fromUtf8(input.readAll()).simplified().split(u' ', Qt::SkipEmptyParts);
+    return words;
 }
 
-FrameAnswer answerAt(OpenedProject &opened, qint64 frame)
+/// Answers as they are found, since many of them are more than should be held.
+class AnswerWriter
 {
-    const Progress progress(CliText::tr("looking at frame %1").arg(frame));
-    return lookAt(opened.project(), frame);
+public:
+    enum Form { People, OneJsonObject, JsonList };
+
+    explicit AnswerWriter(Form form) : m_form(form)
+    {
+        if (form != JsonList)
+            return;
+        m_json.beginObject();
+        m_json.field(QLatin1String("schema"), 1);
+        m_json.beginArray(QLatin1String("answers"));
+    }
+
+    bool write(const FrameAnswer &answer)
+    {
+        if (m_form == People) {
+            const QString text = std::exchange(m_isFirst, false) ? peopleText(answer) : u'\n' + peopleText(answer);
+            return Console::writeResult(text);
+        }
+        writeAnswer(m_json, answer);
+        return Console::writeResult(m_json.takeWritten());
+    }
+
+    bool finish()
+    {
+        if (m_form == JsonList) {
+            m_json.endArray();
+            m_json.endObject();
+        }
+        return m_form == People || Console::writeResult(m_json.text());
+    }
+
+private:
+    Form m_form;
+    JsonWriter m_json;
+    bool m_isFirst = true;
+};
+
+ExitCode answer(const PKC_PlotkaProject &project, const std::vector<FrameRange> &ranges, AnswerWriter writer)
+{
+    for (const FrameRange &range : ranges) {
+        for (qint64 frame = range.firstFrame(); frame <= range.lastFrame(); ++frame) {
+            if (!writer.write(lookAt(project, frame)))
+                return ExitCode::Failed;
+            if (frame == std::numeric_limits<qint64>::max())
+                break;
+        }
+    }
+    return writer.finish() ? ExitCode::Done : ExitCode::Failed;
+}
+
+void buildProject(OpenedProject &opened)
+{
+    const Progress progress(CliText::tr("reading the timeline"));
+    opened.project();
 }
 
 ExitCode runAt(const QCommandLineParser &parser)
 {
-    const QStringList arguments = parser.positionalArguments();
-    qint64 frame = 0;
-    if (!parseFrame(arguments[1], frame))
-        return refuseUsage(CliText::tr("at: \"%1\" is no frame").arg(arguments[1]));
-    OpenedProject opened(arguments[0]);
+    const bool readsMore = parser.isSet(QStringLiteral("stdin"));
+    const QStringList words = frameWords(parser);
+    if (words.isEmpty() && !readsMore)
+        return refuseUsage(CliText::tr("at: FRAME is missing"));
+    std::vector<FrameRange> ranges;
+    for (const QString &word : words) {
+        const std::optional<FrameRange> range = FrameRange::parse(word);
+        if (!range)
+            return refuseUsage(CliText::tr("at: \"%1\" is no frame").arg(word));
+        ranges.push_back(*range);
+    }
+    OpenedProject opened(parser.positionalArguments().first());
     if (!opened.isOpen())
         return ExitCode::BadInput;
-    const FrameAnswer answer = answerAt(opened, frame);
-    const QString text = parser.isSet(QStringLiteral("json")) ? jsonText(answer) : peopleText(answer);
-    return Console::writeResult(text) ? ExitCode::Done : ExitCode::Failed;
+    for (FrameRange &range : ranges) {
+        if (!range.resolve(*opened.asFiled().projectCommon()))
+            return refuseUsage(CliText::tr("at: %1").arg(range.problem()));
+    }
+    const bool isOne = !readsMore && ranges.size() == 1 && ranges.front().isSingle();
+    const AnswerWriter::Form form = !parser.isSet(QStringLiteral("json")) ? AnswerWriter::People
+        : isOne                                                           ? AnswerWriter::OneJsonObject
+                                                                          : AnswerWriter::JsonList;
+    buildProject(opened);
+    return answer(opened.project(), ranges, AnswerWriter(form));
 }
 
 } // namespace
 
 Subcommand atCommand()
 {
-    return {QStringLiteral("at"), {QStringLiteral("FILE"), QStringLiteral("FRAME")},
-        QStringLiteral("FILE FRAME [--json]"), CliText::tr("Tell what stands at a frame of the project."),
-        {{QStringLiteral("json"), CliText::tr("Print JSON.")}}, runAt};
+    return {QStringLiteral("at"), {QStringLiteral("FILE")}, QStringLiteral("FILE FRAME... [--stdin] [--json]"),
+        CliText::tr("Tell what stands at frames of the project."),
+        {{QStringLiteral("stdin"), CliText::tr("Read more FRAMEs from standard input.")},
+            {QStringLiteral("json"), CliText::tr("Print JSON.")}},
+        runAt,
+        CliText::tr(
+            "FRAME is a frame of the project, from 1, or a timecode; FRAME-FRAME is all from one to the other."),
+        /*takesMore*/ true};
 }

@@ -88,7 +88,8 @@ ExitCode printHelp()
 ExitCode printHelp(const Subcommand &subcommand)
 {
     return print(CliText::tr("Usage: plotka %1 %2").arg(subcommand.name, subcommand.usage) + QStringLiteral("\n\n")
-        + subcommand.summary + QStringLiteral("\n\n") + optionsText(subcommand.options + QList{helpOption()}));
+        + subcommand.summary + QStringLiteral("\n\n") + optionsText(subcommand.options + QList{helpOption()})
+        + (subcommand.remark.isEmpty() ? QString() : u'\n' + subcommand.remark + u'\n'));
 }
 
 /// A word that is no subcommand: help, version, or a mistake.
@@ -107,19 +108,31 @@ ExitCode runWithoutSubcommand(const QStringList &arguments)
                                        : CliText::tr("there is no command \"%1\"").arg(words.first()));
 }
 
+/// What is wrong with arguments that cannot be parsed: of a negative number the parser says that there is no option "5".
+QString usageProblem(const Subcommand &subcommand, const QStringList &arguments, const QString &parserText)
+{
+    const qsizetype afterwards = arguments.indexOf(QStringLiteral("--"));
+    for (const QString &argument : arguments.mid(0, afterwards)) {
+        if (argument.size() > 1 && argument.startsWith(u'-') && argument[1].isDigit())
+            return CliText::tr("%1: \"%2\" is taken for an option because it begins with -; put -- before it")
+                .arg(subcommand.name, argument);
+    }
+    return QStringLiteral("%1: %2").arg(subcommand.name, parserText);
+}
+
 ExitCode run(const Subcommand &subcommand, const QStringList &arguments)
 {
     QCommandLineParser parser;
     parser.addOptions(subcommand.options);
     parser.addOption(helpOption());
     if (!parser.parse(arguments))
-        return refuseUsage(parser.errorText());
+        return refuseUsage(usageProblem(subcommand, arguments, parser.errorText()));
     if (parser.isSet(helpOption()))
         return printHelp(subcommand);
     const QStringList given = parser.positionalArguments();
     if (given.size() < subcommand.arguments.size())
         return refuseUsage(CliText::tr("%1: %2 is missing").arg(subcommand.name, subcommand.arguments[given.size()]));
-    if (given.size() > subcommand.arguments.size())
+    if (given.size() > subcommand.arguments.size() && !subcommand.takesMore)
         return refuseUsage(
             CliText::tr("%1: \"%2\" is too much").arg(subcommand.name, given[subcommand.arguments.size()]));
     return subcommand.run(parser);

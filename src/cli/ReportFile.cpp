@@ -1,7 +1,7 @@
 #include "cli/ReportFile.h"
 
 #include "cli/CliText.h"
-#include "cli/JsonWriter.h"
+#include "listing/JsonWriter.h"
 #include "scene/storage/WholeWrite_p.h"
 
 #include <QFile>

@@ -12,12 +12,15 @@ class QCommandLineParser;
 /// One thing that the command can do: what it is called, what it takes, and the function that does it.
 struct Subcommand {
     QString name;
-    /// Names of the arguments, all of which must be there.
+    /// Names of the arguments, all of which must be there; more are refused unless takesMore.
     QStringList arguments;
     /// Arguments and options as the usage line shows them.
     QString usage;
     QString summary;
     QList<QCommandLineOption> options;
-    /// Called with a parser that has parsed, and as many positional arguments as there are @c arguments.
+    /// Called with a parser that has parsed, and at least as many positional arguments as there are @c arguments.
     ExitCode (*run)(const QCommandLineParser &parser);
+    /// What the help says below the options; may be empty.
+    QString remark = {};
+    bool takesMore = false;
 };

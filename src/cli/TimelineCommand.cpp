@@ -65,8 +65,7 @@ QString placeText(const TimelineItem &item)
 
 QString tableKind(const TimelineItem &item)
 {
-    const QString kind =
-        item.kind == TimelineItem::Shot && !item.isEnabled ? CliText::tr("shot, off") : kindText(item.kind);
+    const QString kind = item.isEnabled ? kindText(item.kind) : CliText::tr("%1, off").arg(kindText(item.kind));
     return item.shotId.isNull() ? kind : QStringLiteral("  ") + kind;
 }
 

@@ -2,61 +2,51 @@
 
 #include "listing/ItemMaker_p.h"
 #include "project/PKC_PlotkaProject.h"
+#include "scene/session/SC_ProjectCommon.h"
 #include "scene/timeline/TUSeqTimedValue.h"
+#include "scene/timeline/TimelineSearches.h"
+
+#include <iterator>
 
 using Plotka::Panel_t;
 using Plotka::Shot_t;
-using Plotka::Trans_t;
 
 namespace
 {
 
-/// The shot at the frame as the project finds it, else the block without a scene that covers the frame.
-std::optional<TimelineItem> shotAt(
-    const ItemMaker &maker, const TUSeqTimedValue *timeline, const Shot_t &found, unsigned int frame)
+enum class Look { Backward, Forward };
+
+/// The block that covers the frame; under a transition, which two blocks share, that before it or that after it. The
+/// invalid block in a gap.
+const AT_FrameBlock &blockAt(const TUSeqTimedValue &timedValue, unsigned int frame, Look look)
 {
-    if (found.isValid())
-        return maker.shot(found.frameBlock(), found);
-    if (timeline->blockCountAt(frame) != 1 || maker.sceneOf(timeline->blockAt(frame)))
-        return std::nullopt;
-    return maker.shot(timeline->blockAt(frame), Shot_t());
+    const auto [first, end] = timedValue.blocksAt(frame); // by first frame, the transition before the block after it
+    if (first == end)
+        return AT_FrameBlock::none();
+    return look == Look::Backward ? *first : *std::prev(end);
 }
 
-FrameAnswer::Side sideAt(const PKC_PlotkaProject &project, const ItemMaker &maker, unsigned int frame,
-    PKC_PlotkaProject::ResolutionPriority priority)
+/// Fills in what a look at the frame finds, and answers the gap within a shot that it finds instead of a panel.
+std::optional<TimelineItem> lookAt(
+    FrameAnswer::Side &side, const ItemMaker &maker, const TUSeqTimedValue &timeline, unsigned int frame, Look look)
 {
-    FrameAnswer::Side side;
-    const Shot_t shot = project.getShotAt(frame, priority, /*nearest*/ false, /*forward*/ true);
-    side.shot = shotAt(maker, project.topMainTv(), shot, frame);
-    if (shot.isInvalid()) {
-        side.shotFrame = side.shot ? frame - side.shot->firstFrame + 1 : 0;
-        return side;
-    }
-    side.shotFrame = shot.projectFrameToShotFrame(frame);
-    side.tvFrame = shot.prjFrameToTvFrame(frame - shot.firstFrame() + 1);
-    const Panel_t panel = project.getPanelAt(frame, priority, /*nearest*/ false, /*forward*/ true);
-    if (panel.isInvalid())
-        return side;
-    side.panel = maker.panel(panel);
-    side.panelFrame = panel.projectFrameToPanelFrame(frame);
-    return side;
-}
-
-/// The gap of the shot at the frame, when it is found in one and shows no panel there.
-std::optional<TimelineItem> gapInShot(const PKC_PlotkaProject &project, const ItemMaker &maker,
-    const FrameAnswer::Side &side, PKC_PlotkaProject::ResolutionPriority priority, unsigned int frame)
-{
-    if (side.panel)
-        return std::nullopt;
-    const Shot_t shot = project.getShotAt(frame, priority, /*nearest*/ false, /*forward*/ true);
+    const AT_FrameBlock &block = blockAt(timeline, frame, look);
+    const Shot_t shot = maker.shotOf(block);
+    side.shot = maker.shot(block, shot);
+    side.shotFrame = frame - block.fromFrame() + 1;
     if (shot.isInvalid())
         return std::nullopt;
-    const unsigned int tvFrame = shot.prjFrameToTvFrame(frame - shot.firstFrame() + 1);
-    for (const TimelineItem &item : maker.contentsOf(shot)) {
-        if (item.kind == TimelineItem::Gap && item.shotFirstFrame <= tvFrame && tvFrame <= item.shotLastFrame)
-            return item;
+    side.tvFrame = shot.prjFrameToTvFrame(side.shotFrame);
+    const TUSeqTimedValue *const panels = sceneMainTv(shot.symbol());
+    const AT_FrameBlock &panel = panels ? blockAt(*panels, side.tvFrame, look) : AT_FrameBlock::none();
+    if (panel.isValid()) {
+        side.panel = maker.panel(shot, panels, panel);
+        if (const TUScene *scene = maker.sceneOf(panel))
+            side.panelFrame = Panel_t(panels, scene, shot, nullptr).projectFrameToPanelFrame(frame);
+        return std::nullopt;
     }
-    return std::nullopt;
+    // A shot that shows its timed value from a later frame may show what lies behind its own length: no gap of it.
+    return side.tvFrame <= shot.objNumOfFrame() ? std::optional(maker.gapIn(shot, panels, side.tvFrame)) : std::nullopt;
 }
 
 } // namespace
@@ -73,17 +63,18 @@ FrameAnswer lookAt(const PKC_PlotkaProject &project, qint64 frame)
 
     const auto projectFrame = static_cast<unsigned int>(frame);
     answer.timecode = maker.timecode(projectFrame);
-    answer.backward = sideAt(project, maker, projectFrame, PKC_PlotkaProject::ResolveBackward);
-    answer.forward = sideAt(project, maker, projectFrame, PKC_PlotkaProject::ResolveForward);
-    if (const Trans_t transition = project.getTransAt(projectFrame); transition.isValid())
-        answer.transition = maker.transition(transition.frameBlock());
-    const Plotka::Space_t space = project.getSpaceAt(projectFrame);
-    if (space.isValid() && !space.isInShot())
-        answer.gap = maker.gap(space.firstFrame(), space.lastFrame());
-    // Within shots the project does not find every gap that reaches the end of one.
-    if (!answer.gap)
-        answer.gap = gapInShot(project, maker, answer.forward, PKC_PlotkaProject::ResolveForward, projectFrame);
-    if (!answer.gap)
-        answer.gap = gapInShot(project, maker, answer.backward, PKC_PlotkaProject::ResolveBackward, projectFrame);
+    if (UT_Timecode::hasDropFrames(project.projectCommon()->frameRate()))
+        answer.dropTimecode = maker.timecode(projectFrame, UT_Timecode::DropFrame);
+
+    if (timeline->blockCountAt(projectFrame) == 0) {
+        const AT_FrameBlock &before = timeline->prevBlockBefore(projectFrame);
+        answer.gap = maker.gap(before.toFrame() + 1, timeline->nextBlockAfter(projectFrame).fromFrame() - 1);
+        return answer;
+    }
+    if (const AT_FrameBlock &block = timeline->blockAt(projectFrame); block.key.isTransition)
+        answer.transition = maker.transition(block);
+    const auto backwardGap = lookAt(answer.backward, maker, *timeline, projectFrame, Look::Backward);
+    const auto forwardGap = lookAt(answer.forward, maker, *timeline, projectFrame, Look::Forward);
+    answer.gap = forwardGap ? forwardGap : backwardGap;
     return answer;
 }

@@ -39,7 +39,7 @@ QString kindText(TimelineItem::Kind kind)
 ItemFields fieldsOf(const TimelineItem &item)
 {
     const bool isEndless = item.isEndless();
-    const bool isShot = item.kind == TimelineItem::Shot;
+    const bool canBeOff = item.kind == TimelineItem::Shot || item.kind == TimelineItem::Panel;
     return {
         {QStringLiteral("kind"), kindText(item.kind)},
         {QStringLiteral("id"), orNull(item.id)},
@@ -53,6 +53,6 @@ ItemFields fieldsOf(const TimelineItem &item)
         {QStringLiteral("shotLastFrame"), orNull(item.shotLastFrame)},
         {QStringLiteral("act"), orNull(item.act)},
         {QStringLiteral("sequence"), orNull(item.sequence)},
-        {QStringLiteral("enabled"), isShot ? QVariant(item.isEnabled) : QVariant()},
+        {QStringLiteral("enabled"), canBeOff ? QVariant(item.isEnabled) : QVariant()},
     };
 }

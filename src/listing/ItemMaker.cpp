@@ -3,7 +3,6 @@
 #include "metadata/PKC_SceneInfo.h"
 #include "project/ObjectIds.h"
 #include "project/PKC_PlotkaProject.h"
-#include "scene/base/UT_Format.h"
 #include "scene/metadata/PIO_MetadataAccess.h"
 #include "scene/metadata/PIO_MetadataBool.h"
 #include "scene/session/SC_ProjectCommon.h"
@@ -47,15 +46,13 @@ TUScene *ItemMaker::sceneOf(const AT_FrameBlock &block) const
     return sceneOfBlock(m_project.projectCommon()->sceneManager(), block);
 }
 
-QString ItemMaker::timecode(unsigned int projectFrame) const
+QString ItemMaker::timecode(unsigned int projectFrame, UT_Timecode::Counting counting) const
 {
     const SC_ProjectCommon *const common = m_project.projectCommon();
     constexpr qint64 last = std::numeric_limits<quint32>::max();
     const qint64 start = std::clamp<qint64>(common->startTimecode(), -last, last);
-    const qint64 frame = start + qint64(projectFrame) - 1;
-    return UT_Format::formatFrame(static_cast<unsigned int>(std::clamp<qint64>(frame, 0, last)),
-        common->frameRate().fpsRound(), /*withFrames*/ true, /*style*/ 0)
-        .ToQString();
+    const qint64 frame = std::clamp<qint64>(start + qint64(projectFrame) - 1, 0, last);
+    return UT_Timecode::text(static_cast<unsigned int>(frame), common->frameRate(), counting);
 }
 
 TimelineItem ItemMaker::item(
@@ -104,6 +101,7 @@ TimelineItem ItemMaker::panel(const Panel_t &panel) const
     made.shotId = panel.shot().id();
     made.shotFirstFrame = panel.relativeFirstFrame();
     made.shotLastFrame = panel.relativeLastFrame();
+    made.isEnabled = isEnabled(panel.symbol());
     return made;
 }
 
@@ -131,13 +129,21 @@ TimelineItem ItemMaker::gap(unsigned int firstFrame, unsigned int lastFrame) con
     return item(TimelineItem::Gap, SC_Id(), firstFrame, lastFrame);
 }
 
-TimelineItem ItemMaker::gapIn(const Shot_t &shot, unsigned int tvFirstFrame, unsigned int tvLastFrame) const
+TimelineItem ItemMaker::gapOf(const Shot_t &shot, unsigned int tvFirstFrame, unsigned int tvLastFrame) const
 {
     TimelineItem made = gap(shot.shotFrameToProjectFrame(tvFirstFrame), shot.shotFrameToProjectFrame(tvLastFrame));
     made.shotId = shot.id();
     made.shotFirstFrame = tvFirstFrame;
     made.shotLastFrame = tvLastFrame;
     return made;
+}
+
+TimelineItem ItemMaker::gapIn(const Shot_t &shot, const TUSeqTimedValue *panels, unsigned int tvFrame) const
+{
+    const AT_FrameBlock &before = panels ? panels->prevBlockBefore(tvFrame) : AT_FrameBlock::none();
+    const AT_FrameBlock &after = panels ? panels->nextBlockAfter(tvFrame) : AT_FrameBlock::none();
+    const unsigned int shotEnd = shot.objNumOfFrame() + 1;
+    return gapOf(shot, before.toFrame() + 1, std::min(after.isValid() ? after.fromFrame() : shotEnd, shotEnd) - 1);
 }
 
 std::vector<TimelineItem> ItemMaker::contentsOf(const Shot_t &shot) const
@@ -148,7 +154,7 @@ std::vector<TimelineItem> ItemMaker::contentsOf(const Shot_t &shot) const
     const auto takeBlock = [&](const TUSeqTimedValue *panels, const AT_FrameBlock &block) {
         const unsigned int gapEnd = std::min(block.fromFrame(), frameCount + 1);
         if (nextFrame < gapEnd)
-            contents.push_back(gapIn(shot, nextFrame, gapEnd - 1));
+            contents.push_back(gapOf(shot, nextFrame, gapEnd - 1));
         nextFrame = std::max(nextFrame, block.toFrame() + 1);
         if (!block.key.isTransition)
             contents.push_back(panel(shot, panels, block));
@@ -158,6 +164,6 @@ std::vector<TimelineItem> ItemMaker::contentsOf(const Shot_t &shot) const
             takeBlock(panels, *block);
     }
     if (nextFrame <= frameCount)
-        contents.push_back(gapIn(shot, nextFrame, frameCount));
+        contents.push_back(gapOf(shot, nextFrame, frameCount));
     return contents;
 }

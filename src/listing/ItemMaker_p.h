@@ -3,6 +3,7 @@
 #include "listing/TimelineItem.h"
 #include "project/Panel_t.h"
 #include "project/Shot_t.h"
+#include "scene/base/UT_Timecode.h"
 #include "scene/timeline/AT_FrameBlock.h"
 
 #include <vector>
@@ -18,13 +19,15 @@ public:
     explicit ItemMaker(const PKC_PlotkaProject &project) : m_project(project) {}
 
     TUScene *sceneOf(const AT_FrameBlock &block) const;
-    QString timecode(unsigned int projectFrame) const;
+    QString timecode(unsigned int projectFrame, UT_Timecode::Counting counting = UT_Timecode::NonDrop) const;
     /// @p handle is that of the block.
     TimelineItem shot(const AT_FrameBlock &block, const Plotka::Shot_t &handle) const;
     TimelineItem panel(const Plotka::Shot_t &shot, const TUSeqTimedValue *panels, const AT_FrameBlock &block) const;
     TimelineItem panel(const Plotka::Panel_t &panel) const;
     TimelineItem transition(const AT_FrameBlock &block) const;
     TimelineItem gap(unsigned int firstFrame, unsigned int lastFrame) const;
+    /// The gap within the shot around a frame of its panels' timed value, where no panel stands; it ends with the shot.
+    TimelineItem gapIn(const Plotka::Shot_t &shot, const TUSeqTimedValue *panels, unsigned int tvFrame) const;
 
     /// The handle of a block of the timeline; invalid when its scene has gone.
     Plotka::Shot_t shotOf(const AT_FrameBlock &block) const;
@@ -33,7 +36,7 @@ public:
 
 private:
     TimelineItem item(TimelineItem::Kind kind, const SC_Id &id, unsigned int firstFrame, unsigned int lastFrame) const;
-    TimelineItem gapIn(const Plotka::Shot_t &shot, unsigned int tvFirstFrame, unsigned int tvLastFrame) const;
+    TimelineItem gapOf(const Plotka::Shot_t &shot, unsigned int tvFirstFrame, unsigned int tvLastFrame) const;
 
     const PKC_PlotkaProject &m_project;
 };

@@ -1,6 +1,6 @@
 #include "listing/JsonWriter.h"
 
-#include <QLocale>
+#include "listing/NumberText.h"
 
 #include <cmath>
 
@@ -45,8 +45,7 @@ QString valueText(const QVariant &value)
         return value.toBool() ? QStringLiteral("true") : QStringLiteral("false");
     case QMetaType::Double: {
         const double number = value.toDouble();
-        return std::isfinite(number) ? QString::number(number, 'g', QLocale::FloatingPointShortest)
-                                     : QStringLiteral("null");
+        return std::isfinite(number) ? numberText(number) : QStringLiteral("null");
     }
     case QMetaType::QString:
         return escaped(value.toString());

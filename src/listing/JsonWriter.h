@@ -6,6 +6,7 @@
 #include <QString>
 #include <QVariant>
 
+#include <utility>
 #include <vector>
 
 /// Writes JSON with its keys in the order in which they come, indented by two spaces.
@@ -32,6 +33,9 @@ public:
 
     /// The finished text with a line end.
     QString text() const { return m_text + QLatin1Char('\n'); }
+    /// What has been written since it was last taken, for a text that is longer than what should be held. text() is then
+    /// the rest.
+    QString takeWritten() { return std::exchange(m_text, QString()); }
 
 private:
     struct Container {

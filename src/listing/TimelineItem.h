@@ -28,8 +28,9 @@ struct TimelineItem {
     unsigned int shotFirstFrame = 0;
     unsigned int shotLastFrame = 0;
 
-    /// Of a shot: its custom names, null where it has none, and whether it is shown.
+    /// Of a shot: its custom names, null where it has none.
     QString act;
     QString sequence;
+    /// Of a shot or panel: whether it is shown, which its record "enabled" denies; true where the scene has gone.
     bool isEnabled = true;
 };

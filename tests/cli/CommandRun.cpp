@@ -19,15 +19,17 @@ QJsonObject CommandRun::json() const
     return document.object();
 }
 
-CommandRun runPlotka(const QStringList &arguments)
+CommandRun runPlotka(const QStringList &arguments, const QByteArray &input)
 {
-    return runProgram(QStringLiteral(PLOTKA_COMMAND), arguments);
+    return runProgram(QStringLiteral(PLOTKA_COMMAND), arguments, input);
 }
 
-CommandRun runProgram(const QString &program, const QStringList &arguments)
+CommandRun runProgram(const QString &program, const QStringList &arguments, const QByteArray &input)
 {
     QProcess process;
     process.start(program, arguments);
+    process.write(input);
+    process.closeWriteChannel();
     constexpr int patience = 120'000;
     EXPECT_TRUE(process.waitForFinished(patience)) << process.errorString().toStdString();
     CommandRun run;

@@ -18,8 +18,8 @@ struct CommandRun {
 };
 
 /// Runs the command as a process, without a terminal.
-CommandRun runPlotka(const QStringList &arguments);
-CommandRun runProgram(const QString &program, const QStringList &arguments);
+CommandRun runPlotka(const QStringList &arguments, const QByteArray &input = QByteArray());
+CommandRun runProgram(const QString &program, const QStringList &arguments, const QByteArray &input = QByteArray());
 
 /// Projects in a folder that goes with the test.
 class ProjectFolder

@@ -2,6 +2,8 @@
 #include "support/Golden.h"
 #include "support/Storyboard.h"
 
+#include "scene/metadata/PIO_MetadataBool.h"
+
 #include <QFileInfo>
 #include <QJsonArray>
 
@@ -156,6 +158,28 @@ TEST(TimelineCommand, AlignsNamesOfAnyScript)
         jsonOf(board)[QLatin1String("items")][1][QLatin1String("name")].toString(), QStringLiteral("Łódź u brzegu"));
     EXPECT_EQ(jsonOf(board)[QLatin1String("items")][7][QLatin1String("name")].toString(),
         QStringLiteral("line\nbreak \u009B31mred"));
+}
+
+TEST(TimelineCommand, ShowsWhatIsDisabledAsSuch)
+{
+    const Storyboard board("A(10,10) B(10)");
+    for (TUScene *scene : {board.panelScene(0, 1), board.shotScene(1)}) {
+        auto *const record = new PIO_MetadataBool(QStringLiteral("enabled"));
+        record->setValue(false);
+        scene->metadatas()->add(record);
+    }
+    QStringList enabled;
+    const QJsonArray items = jsonOf(board)[QLatin1String("items")].toArray();
+    for (const QJsonValue &item : items) {
+        const QJsonValue value = item[QLatin1String("enabled")];
+        enabled += value.isNull() ? QStringLiteral("null")
+            : value.toBool()      ? QStringLiteral("on")
+                                  : QStringLiteral("off");
+    }
+    EXPECT_EQ(enabled.join(u' ').toStdString(), "on on off off on null");
+    const QByteArray table = QByteArray::fromStdString(timelineOf(board));
+    EXPECT_EQ(table.count("panel, off"), 1) << table.toStdString();
+    EXPECT_EQ(table.count("shot, off"), 1) << table.toStdString();
 }
 
 TEST(TimelineCommand, TakesTheFolderOfAProject)

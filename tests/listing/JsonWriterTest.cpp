@@ -59,6 +59,12 @@ TEST(JsonWriter, WritesNumbersInFullAndNullForThoseThatAreNone)
 {
     EXPECT_EQ(written(0.1), QStringLiteral("{\"v\": 0.1}\n"));
     EXPECT_EQ(written(24.0), QStringLiteral("{\"v\": 24}\n"));
+    EXPECT_EQ(written(100000.0), QStringLiteral("{\"v\": 100000}\n"));
+    EXPECT_EQ(written(-2147483647.5), QStringLiteral("{\"v\": -2147483647.5}\n"));
+    EXPECT_EQ(written(1e15), QStringLiteral("{\"v\": 1e+15}\n"));
+    EXPECT_EQ(written(999999999999999.0), QStringLiteral("{\"v\": 999999999999999}\n"));
+    EXPECT_EQ(written(0.0001), QStringLiteral("{\"v\": 0.0001}\n"));
+    EXPECT_EQ(written(0.00001), QStringLiteral("{\"v\": 1e-05}\n"));
     EXPECT_EQ(written(4294967295U), QStringLiteral("{\"v\": 4294967295}\n"));
     EXPECT_EQ(written(std::numeric_limits<qulonglong>::max()), QStringLiteral("{\"v\": 18446744073709551615}\n"));
     EXPECT_EQ(written(std::numeric_limits<double>::infinity()), QStringLiteral("{\"v\": null}\n"));
