@@ -7,6 +7,19 @@
 #include "project/PKC_SessionContext.h"
 #include "scene/session/SC_Project.h"
 
+namespace
+{
+
+QString valuesText(qint64 count)
+{
+    return count == 1
+        ? CliText::tr("1 value in the file could not be read and has its default; \"plotka check\" tells which")
+        : CliText::tr("%1 values in the file could not be read and have their defaults; \"plotka check\" tells which")
+              .arg(count);
+}
+
+} // namespace
+
 OpenedProject::OpenedProject(const QString &path, Telling telling) :
     m_session(PKC_SessionContext::createSessionContext(nullptr, nullptr))
 {
@@ -16,6 +29,9 @@ OpenedProject::OpenedProject(const QString &path, Telling telling) :
     }
     if (telling == TellReport || !isOpen())
         tellReport(m_report);
+    const qint64 defaults = SC_FileReport::countOf(m_report.remarks());
+    if (telling == TellReport && isOpen() && defaults > 0)
+        Console::tell(valuesText(defaults));
 }
 
 OpenedProject::~OpenedProject()
@@ -42,13 +58,14 @@ PKC_PlotkaProject &OpenedProject::project()
 
 void tellReport(const SC_FileReport &report)
 {
-    constexpr std::size_t mostTold = 100;
-    std::size_t told = 0;
+    constexpr int mostTold = 100;
+    int told = 0;
     for (const SC_FileReport::Entry &entry : report.entries()) {
-        if (++told > mostTold) {
-            Console::tell(CliText::tr("%n more", nullptr, static_cast<int>(report.entries().size() - mostTold)));
+        if (told == mostTold) {
+            Console::tell(CliText::tr("and %1 more").arg(SC_FileReport::countOf(report.entries()) - told));
             return;
         }
         Console::tell(entry.text());
+        ++told;
     }
 }

@@ -14,8 +14,8 @@ class SC_Project;
 class OpenedProject
 {
 public:
-    /// What was wrong with the file is told on standard error, or left in report() for the command to tell. Why it
-    /// could not be opened is told always.
+    /// What was wrong with the file is told on standard error, values that took a default in one line, or left in report()
+    /// for the command to tell. Why it could not be opened is told always.
     enum Telling { TellReport, KeepReport };
 
     explicit OpenedProject(const QString &path, Telling telling = TellReport);

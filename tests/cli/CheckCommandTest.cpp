@@ -200,7 +200,11 @@ TEST_F(CheckCommand, TellsOfRecordsThatTookADefault)
     EXPECT_EQ(all[0][QLatin1String("item")].toString(),
         QStringLiteral("scene %1, record \"panelInfo\"").arg(board.panelId(0, 0).AsString()));
     EXPECT_TRUE(all[0][QLatin1String("message")].toString().contains(QStringLiteral("exportFlag")));
-    EXPECT_EQ(runPlotka({QStringLiteral("info"), file}).errors.toStdString(), "") << "nothing was lost";
+    for (const char *command : {"info", "timeline", "dump"}) {
+        EXPECT_EQ(runPlotka({QLatin1String(command), file}).errors.toStdString(),
+            "plotka: 1 value in the file could not be read and has its default; \"plotka check\" tells which\n");
+    }
+    EXPECT_EQ(run.errors.toStdString(), "");
 }
 
 TEST_F(CheckCommand, CountsWhatIsWrongBeyondAHundredTimesInARecord)
@@ -214,6 +218,7 @@ TEST_F(CheckCommand, CountsWhatIsWrongBeyondAHundredTimesInARecord)
                                .toArray();
     ASSERT_EQ(all.size(), 101);
     EXPECT_EQ(all[100][QLatin1String("message")].toString(), QStringLiteral("and 50 more like these"));
+    EXPECT_TRUE(runPlotka({QStringLiteral("at"), file, QStringLiteral("1")}).errors.startsWith("plotka: 150 values"));
 }
 
 TEST_F(CheckCommand, TellsOfOptionsThatAreLeftOut)

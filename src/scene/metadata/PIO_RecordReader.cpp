@@ -152,7 +152,7 @@ public:
     std::vector<PIO_RecordResult::Remark> takeRemarks(const QXmlStreamReader &xml)
     {
         if (m_furtherRemarks > 0)
-            addRemark(xml, QStringLiteral("and %1 more like these").arg(m_furtherRemarks));
+            addRemark(xml, QStringLiteral("and %1 more like these").arg(m_furtherRemarks), m_furtherRemarks);
         return std::move(m_remarks);
     }
 
@@ -198,9 +198,9 @@ private:
         }
     }
 
-    void addRemark(const QXmlStreamReader &xml, const QString &text)
+    void addRemark(const QXmlStreamReader &xml, const QString &text, qint64 count = 1)
     {
-        m_remarks.push_back({xml.lineNumber(), xml.columnNumber() + 1, text});
+        m_remarks.push_back({xml.lineNumber(), xml.columnNumber() + 1, text, count});
     }
 
     std::vector<PIO_RecordResult::Remark> m_remarks;

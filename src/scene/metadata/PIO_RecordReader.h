@@ -19,6 +19,7 @@ struct PIO_RecordResult {
         qint64 line;
         qint64 column;
         QString text;
+        qint64 count = 1; ///< how many it stands for
     };
 
     std::unique_ptr<PIO_Metadata> record;

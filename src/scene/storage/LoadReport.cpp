@@ -17,10 +17,14 @@ void LoadReport::warn(FilePlace place, const QString &item, const QString &messa
         m_report.add({SC_FileReport::Warning, m_filePath, place.line, place.column, item, message});
 }
 
-void LoadReport::remark(FilePlace place, const QString &item, const QString &message)
+void LoadReport::remark(FilePlace place, const QString &item, const QString &message, qint64 count)
 {
-    if (++m_remarks <= warningLimit)
-        m_report.addRemark({SC_FileReport::Warning, m_filePath, place.line, place.column, item, message});
+    if (m_remarks == warningLimit) {
+        m_remarksLeftOut += count;
+        return;
+    }
+    ++m_remarks;
+    m_report.addRemark({SC_FileReport::Warning, m_filePath, place.line, place.column, item, message, count});
 }
 
 void LoadReport::fail(FilePlace place, const QString &message)
@@ -34,10 +38,10 @@ void LoadReport::close()
 {
     const auto more = [this](qint64 count) {
         return SC_FileReport::Entry{SC_FileReport::Warning, m_filePath, 0, 0, QString(),
-            QStringLiteral("and %1 more like these").arg(count - warningLimit)};
+            QStringLiteral("and %1 more like these").arg(count), count};
     };
     if (m_warnings > warningLimit)
-        m_report.add(more(m_warnings));
-    if (m_remarks > warningLimit)
-        m_report.addRemark(more(m_remarks));
+        m_report.add(more(m_warnings - warningLimit));
+    if (m_remarksLeftOut > 0)
+        m_report.addRemark(more(m_remarksLeftOut));
 }

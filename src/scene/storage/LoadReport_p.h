@@ -21,7 +21,8 @@ public:
     LoadReport(QString filePath, SC_FileReport &report);
 
     void warn(FilePlace place, const QString &item, const QString &message);
-    void remark(FilePlace place, const QString &item, const QString &message);
+    /// @p count is how many the remark stands for.
+    void remark(FilePlace place, const QString &item, const QString &message, qint64 count);
     /// There will be no project. Only the first reason is told.
     void fail(FilePlace place, const QString &message);
     bool hasFailed() const { return m_failed; }
@@ -33,6 +34,7 @@ private:
     QString m_filePath;
     SC_FileReport &m_report;
     qint64 m_warnings = 0;
-    qint64 m_remarks = 0;
+    int m_remarks = 0;
+    qint64 m_remarksLeftOut = 0;
     bool m_failed = false;
 };

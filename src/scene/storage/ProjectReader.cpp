@@ -378,7 +378,7 @@ std::unique_ptr<PIO_Metadata> ProjectReader::readRecord(const QString &holder)
         return nullptr;
     const QString item = QStringLiteral("%1, record \"%2\"").arg(holder, result.record->metaType());
     for (const PIO_RecordResult::Remark &remark : result.remarks)
-        m_report.remark({remark.line, remark.column}, item, remark.text);
+        m_report.remark({remark.line, remark.column}, item, remark.text, remark.count);
     return std::move(result.record);
 }
 

@@ -1,6 +1,7 @@
 #include "scene/storage/SC_FileReport.h"
 
 #include <algorithm>
+#include <numeric>
 #include <utility>
 
 QString SC_FileReport::Entry::text() const
@@ -19,6 +20,12 @@ QString SC_FileReport::Entry::text() const
 bool SC_FileReport::hasErrors() const
 {
     return std::any_of(m_entries.begin(), m_entries.end(), [](const Entry &entry) { return entry.severity == Error; });
+}
+
+qint64 SC_FileReport::countOf(const std::vector<Entry> &entries)
+{
+    return std::accumulate(
+        entries.begin(), entries.end(), qint64(0), [](qint64 sum, const Entry &entry) { return sum + entry.count; });
 }
 
 void SC_FileReport::add(Entry entry)

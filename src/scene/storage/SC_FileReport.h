@@ -20,6 +20,7 @@ public:
         qint64 column; ///< from 1; 0 likewise
         QString item;  ///< what it is about, such as "scene 12"; may be empty
         QString message;
+        qint64 count = 1; ///< how many it stands for: more than one where it closes a list that was cut short
 
         /// "file:line:column: error: item: message", leaving out what is not known.
         QString text() const;
@@ -29,6 +30,8 @@ public:
     /// Attributes of records that took a default, as every record does with what it cannot read: nothing that the
     /// reading of a project is about, but of use to who looks for damage.
     const std::vector<Entry> &remarks() const { return m_remarks; }
+    /// How many the entries, or the remarks, stand for.
+    static qint64 countOf(const std::vector<Entry> &entries);
     bool isEmpty() const { return m_entries.empty(); }
     bool hasErrors() const;
     void add(Entry entry);
