@@ -5,11 +5,12 @@
 #include "infofields/PKC_PanelInfoFieldDescList.h"
 #include "infofields/PKC_ProjectInfoFieldDescList.h"
 #include "layers/PKC_LayerInfos.h"
+#include "listing/CompatibilityCheck_p.h"
 #include "listing/ListingText_p.h"
 #include "listing/RecordHolders.h"
+#include "listing/SceneCheck_p.h"
+#include "listing/TimelineListing.h"
 #include "metadata/PKC_ClipInfo.h"
-#include "metadata/PKC_ProjectCompatibility.h"
-#include "metadata/PKC_ProjectCompatibilityIssues.h"
 #include "naming/PKC_NamingRules.h"
 #include "project/ObjectIds.h"
 #include "project/PKC_PlotkaProject.h"
@@ -22,6 +23,7 @@
 #include "scene/timeline/TUSeqTimedValue.h"
 #include "scene/timeline/TUSoundTimedValue.h"
 
+#include <algorithm>
 #include <limits>
 #include <optional>
 #include <set>
@@ -52,7 +54,6 @@ private:
     void checkFields(const RecordHolder &holder, const PKC_InfoFieldList &fields);
     void checkLayers(const RecordHolder &holder, const PKC_LayerInfos &layers);
     void checkNaming(const RecordHolder &holder, const PKC_NamingRules &rules);
-    void checkCompatibility();
 
     void findClips();
     void findDescriptors();
@@ -69,6 +70,8 @@ private:
 std::vector<Finding> Checker::run()
 {
     checkFile();
+    const std::vector<Finding> ofScenes = checkScenes(m_project);
+    m_findings.insert(m_findings.end(), ofScenes.begin(), ofScenes.end());
     findClips();
     findDescriptors();
     for (const RecordHolder &holder : recordHolders(*m_project.project())) {
@@ -76,7 +79,6 @@ std::vector<Finding> Checker::run()
         for (const PIO_Metadata *record : *holder.records)
             checkRecord(holder, record);
     }
-    checkCompatibility();
     return std::move(m_findings);
 }
 
@@ -219,28 +221,22 @@ void Checker::checkNaming(const RecordHolder &holder, const PKC_NamingRules &rul
     }
 }
 
-/// What the project uses that older programs cannot read, and what its file says of that which nobody here knows.
-void Checker::checkCompatibility()
+/// Without the gap after the end.
+std::vector<TimelineItem> gapsOf(TimelineListing listing)
 {
-    using Issue = PKC_ProjectCompatibility::CompatiblityIssue_s;
-    for (const Issue &issue : PKC_ProjectCompatibilityIssues::analyseProject(&m_project)) {
-        add("compatibility", ListingText::tr("project"),
-            ListingText::tr("\"%1\" needs %2 %3").arg(issue.id, issue.product, issue.version));
-    }
-    const auto *const recorded =
-        PIO_MetadataAccess<PKC_ProjectCompatibility>(m_project.project()->metadatas(), QString()).get();
-    if (!recorded)
-        return;
-    for (const Issue &issue : recorded->compatiblityIssueList()) {
-        if (PKC_ProjectCompatibilityIssues::hasUnknowsIssue({issue}))
-            add("compatibility", ListingText::tr("project"),
-                ListingText::tr("the file tells of \"%1\", which nobody here knows").arg(issue.id));
-    }
+    std::vector<TimelineItem> &items = listing.items;
+    const auto isNoGap = [](const TimelineItem &item) { return item.kind != TimelineItem::Gap || item.isEndless(); };
+    items.erase(std::remove_if(items.begin(), items.end(), isNoGap), items.end());
+    return std::move(items);
 }
 
 } // namespace
 
-std::vector<Finding> checkProject(PKC_PlotkaProject &project, const SC_FileReport &report)
+ProjectCheck checkProject(PKC_PlotkaProject &project, const SC_FileReport &report)
 {
-    return Checker(project, report).run();
+    ProjectCheck check;
+    check.findings = Checker(project, report).run();
+    check.gaps = gapsOf(listTimeline(project));
+    check.compatibility = checkCompatibility(project, check.gaps);
+    return check;
 }

@@ -37,6 +37,36 @@ protected:
         EXPECT_EQ(run.exitCode, exitCode) << run.errors.toStdString();
         EXPECT_EQ(contentOf(file), before);
         EXPECT_EQ(run.json()[QLatin1String("file")].toString(), file);
+        return textOf(run);
+    }
+
+    /// The same of a file that stands already; the exit code is 4 when there are findings.
+    static std::string findingsIn(const QString &file)
+    {
+        const CommandRun run = runPlotka({QStringLiteral("check"), file, QStringLiteral("--json")});
+        const std::string text = textOf(run);
+        EXPECT_EQ(run.exitCode, text.empty() ? 0 : 4) << run.errors.toStdString();
+        return text;
+    }
+
+    /// "id, found, recorded: message", one a line, of the project that was looked at last.
+    std::string compatibility() const
+    {
+        const CommandRun run =
+            runPlotka({QStringLiteral("check"), folder.path(QStringLiteral("Board")), QStringLiteral("--json")});
+        QString text;
+        const QJsonArray all = run.json()[QLatin1String("compatibility")].toArray();
+        for (const QJsonValue &one : all) {
+            text += one[QLatin1String("id")].toString();
+            text += one[QLatin1String("found")].toBool() ? QStringLiteral(", found") : QString();
+            text += one[QLatin1String("recorded")].toBool() ? QStringLiteral(", recorded") : QString();
+            text += QStringLiteral(": ") + one[QLatin1String("message")].toString() + u'\n';
+        }
+        return text.toStdString();
+    }
+
+    static std::string textOf(const CommandRun &run)
+    {
         QString text;
         const QJsonArray all = run.json()[QLatin1String("findings")].toArray();
         for (const QJsonValue &one : all) {
@@ -155,16 +185,146 @@ TEST_F(CheckCommand, FindsRecordsOfUnknownTypes)
         "unknown-record project: a record of the unknown type \"weather\", written by \"someone\", version \"3\"\n");
 }
 
-TEST_F(CheckCommand, FindsWhatOlderProgramsCannotRead)
+TEST_F(CheckCommand, TellsInASectionOfItsOwnWhatOlderProgramsCannotRead)
 {
     board.placeShot("B", 100, 24);
     auto *const recorded = new PKC_ProjectCompatibility(QString());
     for (const char *id : {"later", "space-between-panels"})
         recorded->addCompatibilityIssue({QLatin1String(id), QStringLiteral("Plotka Pro"), QStringLiteral("9")});
     records().add(recorded);
-    EXPECT_EQ(findings(4),
-        "compatibility project: \"space-between-panels\" needs Plotka Pro 7.0.0\n"
-        "compatibility project: the file tells of \"later\", which nobody here knows\n");
+    EXPECT_EQ(findings(0), "") << "what older programs cannot read is no damage";
+    EXPECT_EQ(compatibility(),
+        "space-between-panels, found, recorded: there is a gap between panels, at frames 25-99; Plotka Pro before "
+        "version "
+        "7.0.0 cannot read that\n"
+        "later, recorded: the file says that the project has \"later\", which is not known here; Plotka Pro before "
+        "version "
+        "9 cannot read that\n");
+    const CommandRun run = runPlotka({QStringLiteral("check"), folder.path(QStringLiteral("Board"))});
+    EXPECT_EQ(run.exitCode, 0);
+    EXPECT_EQ(run.output.toStdString(),
+        "nothing found\n\ncompatibility with older programs, which is no damage:\n"
+        "  there is a gap between panels, at frames 25-99; Plotka Pro before version 7.0.0 cannot read that (the file "
+        "says "
+        "so)\n"
+        "  the file says that the project has \"later\", which is not known here; Plotka Pro before version 9 cannot "
+        "read "
+        "that\n");
+}
+
+TEST_F(CheckCommand, TellsOfWhatIsRecordedAndNotThere)
+{
+    auto *const recorded = new PKC_ProjectCompatibility(QString());
+    recorded->addCompatibilityIssue({QStringLiteral("space-between-panels"), QString(), QString()});
+    records().add(recorded);
+    EXPECT_EQ(findings(0), "");
+    EXPECT_EQ(compatibility(),
+        "space-between-panels, recorded: the file says that the project has \"space-between-panels\", but it has "
+        "not\n");
+}
+
+TEST_F(CheckCommand, ListsGapsBehindAGapAtTheEdgeOfAShot)
+{
+    const Storyboard gappy("A(10,-5) B(-5,10) C(10) -4- D(3,-1,3)");
+    const CommandRun run = runPlotka({QStringLiteral("check"), folder.save(gappy), QStringLiteral("--json")});
+    EXPECT_EQ(run.exitCode, 0);
+    QStringList gaps;
+    const QJsonArray all = run.json()[QLatin1String("gaps")].toArray();
+    for (const QJsonValue &gap : all)
+        gaps += QStringLiteral("%1-%2")
+                    .arg(gap[QLatin1String("firstFrame")].toInt())
+                    .arg(gap[QLatin1String("lastFrame")].toInt());
+    EXPECT_EQ(gaps.join(u' ').toStdString(), "11-15 16-20 41-44 48-48");
+    const QJsonArray issues = run.json()[QLatin1String("compatibility")].toArray();
+    ASSERT_EQ(issues.size(), 1) << "a walk by panels ends at the first gap and finds none";
+    EXPECT_EQ(issues[0][QLatin1String("message")].toString(),
+        QStringLiteral(
+            "there are 4 gaps between panels, at frames 11-15, 16-20, 41-44, 48-48; Plotka Pro before version "
+            "7.0.0 cannot read that"));
+}
+
+TEST_F(CheckCommand, FindsScenesThatAreNotThere)
+{
+    const Storyboard gone("A(10) B@10(gone) C(10,5gone)");
+    const TUTimedValue *const clips = gone.topScene().addSeqTimedValue(QStringLiteral("V2"));
+    EXPECT_NE(clips, nullptr);
+    const QString file = folder.save(gone);
+    const std::string c = gone.shotId(2).AsString().toStdString();
+    EXPECT_EQ(findingsIn(file),
+        "missing-scene scene " + gone.shotId(1).AsString().toStdString()
+            + ": it is not there; the shot at frames 11-20 shows nothing\nmissing-scene scene "
+            + gone.panelId(2, 1).AsString().toStdString() + ": it is not there; the panel at frames 11-15 of scene " + c
+            + " shows nothing\n");
+}
+
+TEST_F(CheckCommand, FindsScenesThatPlaceThemselvesOrEachOther)
+{
+    const auto scene = [](int object, int placed) {
+        const QByteArray block = placed == 0 ? QByteArray()
+                                             : "<warp from=\"1\" frames=\"8\" object=\"" + QByteArray::number(placed)
+                + "\" scene=\"" + QByteArray::number(placed + 1) + "\" start=\"1\" end=\"8\"/>";
+        return "<scene object=\"" + QByteArray::number(object) + "\" scene=\"" + QByteArray::number(object + 1)
+            + "\"><sequence name=\"s\">" + block + "</sequence></scene>";
+    };
+    const auto project = [](const QByteArray &scenes) {
+        return "<plotka format=\"1\" name=\"c\" nextId=\"100\" rate=\"24\" startTimecode=\"0\">" + scenes + "</plotka>";
+    };
+    EXPECT_EQ(
+        findingsIn(folder.write(QStringLiteral("c.plotka"), project(scene(1, 3) + scene(3, 5) + scene(5, 0)))), "");
+    EXPECT_EQ(findingsIn(folder.write(QStringLiteral("c.plotka"), project(scene(1, 0) + scene(3, 3)))),
+        "scene-circle scene 3: it places itself\n");
+    EXPECT_EQ(findingsIn(folder.write(QStringLiteral("c.plotka"), project(scene(1, 3) + scene(3, 5) + scene(5, 1)))),
+        "scene-circle scene 1: it is placed within itself, by way of 5, 3\n");
+    EXPECT_EQ(findingsIn(folder.write(QStringLiteral("c.plotka"),
+                  project(scene(1, 0) + scene(3, 5) + scene(5, 3) + scene(7, 9) + scene(9, 7)))),
+        "scene-circle scene 3: it is placed within itself, by way of 5\n"
+        "scene-circle scene 7: it is placed within itself, by way of 9\n");
+    QByteArray scenes = scene(1, 0);
+    for (int object = 3; object < 25; object += 2)
+        scenes += scene(object, object + 2);
+    EXPECT_EQ(findingsIn(folder.write(QStringLiteral("c.plotka"), project(scenes + scene(25, 3)))),
+        "scene-circle scene 3: it is placed within itself, by way of 25, 23, 21, 19, 17, 15, 13, 11, 9, 7, ...\n");
+}
+
+TEST_F(CheckCommand, FindsTimeWarpsThatAreNotFinite)
+{
+    QByteArray content = contentOf(folder.save(board));
+    ASSERT_EQ(content.count("end=\"24\""), 2);
+    for (const char *number : {"inf", "-inf", "nan"}) {
+        QByteArray odd = content;
+        odd.replace("end=\"24\"", "end=\"" + QByteArray(number) + '"');
+        const QString file = folder.write(QStringLiteral("odd/odd.plotka"), odd);
+        EXPECT_EQ(findingsIn(file),
+            "time-warp-not-finite scene " + board.shotId(0).AsString().toStdString() + ": its time warp goes from 1 to "
+                + number + "\ntime-warp-not-finite " + panelTitle() + ": its time warp goes from 1 to " + number
+                + "\n");
+        EXPECT_EQ(runPlotka({QStringLiteral("timeline"), file}).exitCode, 0);
+    }
+}
+
+TEST_F(CheckCommand, FindsARateOutOfRange)
+{
+    const QByteArray content = contentOf(folder.save(board));
+    const std::pair<const char *, const char *> rates[] = {{"1", ""}, {"1000", ""}, {"24000/1001", ""},
+        {"1001", "rate-out-of-range project: 1001 frames a second are not from 1 to 1000\n"},
+        {"1/2", "rate-out-of-range project: 1/2 frames a second are not from 1 to 1000\n"},
+        {"4294967295", "rate-out-of-range project: 4294967295 frames a second are not from 1 to 1000\n"}};
+    for (const auto &[rate, expected] : rates) {
+        QByteArray odd = content;
+        odd.replace("rate=\"24\"", "rate=\"" + QByteArray(rate) + '"');
+        EXPECT_EQ(findingsIn(folder.write(QStringLiteral("odd/odd.plotka"), odd)), expected);
+    }
+}
+
+TEST_F(CheckCommand, FindsDoubledNumbersOfNodes)
+{
+    QByteArray content = contentOf(folder.save(board));
+    content.replace("</plotka>", R"(<scene object="900" scene="901"><node class="group" number="1" name="Top">
+<node class="node" number="2" name="a"/><node class="node" number="2" name="b"/><node class="node" number="2" name="c"/>
+</node></scene><scene object="902" scene="903"><node class="group" number="2" name="Top"/></scene></plotka>)");
+    EXPECT_EQ(findingsIn(folder.write(QStringLiteral("odd/odd.plotka"), content)),
+        "damaged node \"b\": its number 2 is that of another node; no link finds it\n"
+        "damaged node \"c\": its number 2 is that of another node; no link finds it\n");
 }
 
 TEST_F(CheckCommand, TellsWhatIsDamagedWithItsLine)

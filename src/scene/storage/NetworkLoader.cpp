@@ -55,7 +55,7 @@ void NetworkLoader::addNode(MO_Node *node, const SC_Id &scene, const ElementAttr
 {
     const auto number = attributes.findNumber(keys::number);
     if (number)
-        m_nodes.push_back({scene.value(), *number, node});
+        m_nodes.push_back({scene.value(), *number, node, attributes.place()});
     else
         m_report.warn(attributes.place(), QStringLiteral("node"), QStringLiteral("it has no number; no link finds it"));
 
@@ -86,9 +86,20 @@ void NetworkLoader::finish()
     };
     // Stable: of two nodes with one number the first keeps it.
     std::stable_sort(m_nodes.begin(), m_nodes.end(), standsBefore);
+    tellDoubled();
     linkParents();
     linkSources();
     linkTimedValues();
+}
+
+void NetworkLoader::tellDoubled()
+{
+    for (std::size_t i = 1; i < m_nodes.size(); ++i) {
+        const Numbered &node = m_nodes[i];
+        if (std::tie(node.scene, node.number) == std::tie(m_nodes[i - 1].scene, m_nodes[i - 1].number))
+            m_report.warn(node.place, QStringLiteral("node \"%1\"").arg(node.node->instanceName()),
+                QStringLiteral("its number %1 is that of another node; no link finds it").arg(node.number));
+    }
 }
 
 MO_Node *NetworkLoader::find(qint64 scene, qint64 number) const

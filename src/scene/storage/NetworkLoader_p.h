@@ -34,6 +34,7 @@ private:
         qint64 scene;
         qint64 number;
         MO_Node *node;
+        FilePlace place;
     };
     struct Link {
         MO_Node *node;
@@ -43,6 +44,7 @@ private:
         FilePlace place;
     };
 
+    void tellDoubled();
     MO_Node *find(qint64 scene, qint64 number) const;
     void linkParents();
     void linkSources();
