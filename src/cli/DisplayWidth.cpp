@@ -1,5 +1,7 @@
 #include "cli/DisplayWidth.h"
 
+#include "listing/TextSafety.h"
+
 #include <QList>
 #include <QTextBoundaryFinder>
 
@@ -79,17 +81,7 @@ int widthOfCluster(const QString &cluster)
 
 bool isUnprintable(char32_t character)
 {
-    const bool turnsDirection =
-        (character >= 0x202A && character <= 0x202E) || (character >= 0x2066 && character <= 0x2069);
-    switch (QChar::category(character)) {
-    case QChar::Other_Control:
-    case QChar::Other_Surrogate:
-    case QChar::Separator_Line:
-    case QChar::Separator_Paragraph:
-        return true;
-    default:
-        return turnsDirection;
-    }
+    return TextSafety::isActing(character) || QChar::category(character) == QChar::Other_Surrogate;
 }
 
 /// Calls @p take with each cluster and its width until it answers false.

@@ -13,6 +13,7 @@
 #include <QCommandLineParser>
 
 #include <algorithm>
+#include <set>
 
 namespace
 {
@@ -26,6 +27,17 @@ QString holderText(const RecordHolder &holder, const QString &type)
             text += recordText(*record);
     }
     return text.isEmpty() ? text : holder.title + u'\n' + text;
+}
+
+/// The types of the records that the holders have, each once and in order.
+QStringList typesIn(const std::vector<RecordHolder> &holders)
+{
+    std::set<QString> types;
+    for (const RecordHolder &holder : holders) {
+        for (const PIO_Metadata *record : *holder.records)
+            types.insert(record->metaType());
+    }
+    return QStringList(types.begin(), types.end());
 }
 
 /// Written holder by holder, because a large project says more than fits in memory twice.
@@ -58,7 +70,15 @@ ExitCode runDump(const QCommandLineParser &parser)
             return ExitCode::BadInput;
         }
     }
-    return writeAll(holders, parser.value(QStringLiteral("record"))) ? ExitCode::Done : ExitCode::Failed;
+    const QString type = parser.value(QStringLiteral("record"));
+    const QStringList types = typesIn(holders);
+    if (parser.isSet(QStringLiteral("record")) && !types.contains(type)) {
+        Console::tell(types.isEmpty() ? CliText::tr("there is no record of type \"%1\", nor any other").arg(type)
+                                      : CliText::tr("there is no record of type \"%1\"; there are: %2")
+                                            .arg(type, types.join(QStringLiteral(", "))));
+        return ExitCode::BadInput;
+    }
+    return writeAll(holders, type) ? ExitCode::Done : ExitCode::Failed;
 }
 
 } // namespace

@@ -46,12 +46,11 @@ void ImportReport::tell(ImportNote::Severity atLeast) const
     int untold = 0;
     int told = 0;
     for (const ImportNote &note : m_notes) {
-        const bool isWanted = note.severity >= atLeast;
-        if (isWanted && told < mostTold) {
+        if (note.severity >= atLeast && told < mostTold) {
             Console::tell(lineText(note));
             ++told;
-        } else if (isWanted) {
-            untold += note.count;
+        } else {
+            untold += note.count; // so that what is shown and this make up what was counted
         }
     }
     if (untold > 0)

@@ -3,19 +3,27 @@
 #include "cli/DisplayWidth.h"
 
 #include <algorithm>
-#include <numeric>
 
 namespace
 {
 
 constexpr int spaceBetween = 2;
-constexpr int narrowestColumn = 4;
+constexpr int narrowestColumn = 8;
 
 QString withoutSpacesAtEnd(QString text)
 {
     while (text.endsWith(u' '))
         text.chop(1);
     return text;
+}
+
+/// Of a line of columns with these widths; one of 0 columns is not shown.
+int lineWidth(const std::vector<int> &widths)
+{
+    int sum = -spaceBetween;
+    for (const int width : widths)
+        sum += width > 0 ? width + spaceBetween : 0;
+    return sum;
 }
 
 } // namespace
@@ -49,7 +57,7 @@ bool TextTable::hasTitles() const
         m_columns.begin(), m_columns.end(), [](const Column &column) { return !column.title.isEmpty(); });
 }
 
-std::vector<int> TextTable::columnWidths(int width) const
+std::vector<int> TextTable::naturalWidths() const
 {
     std::vector<int> widths;
     for (const Column &column : m_columns)
@@ -58,9 +66,28 @@ std::vector<int> TextTable::columnWidths(int width) const
         for (std::size_t i = 0; i < widths.size(); ++i)
             widths[i] = std::max(widths[i], DisplayWidth::of(row[static_cast<qsizetype>(i)]));
     }
+    return widths;
+}
 
-    int excess =
-        std::accumulate(widths.begin(), widths.end(), 0) - width + spaceBetween * (static_cast<int>(widths.size()) - 1);
+std::vector<int> TextTable::columnWidths(int width) const
+{
+    std::vector<int> widths = naturalWidths();
+    int spare = 0; // what the columns that may be cut can give
+    for (std::size_t i = 0; i < widths.size(); ++i)
+        spare += m_columns[i].mayBeCut ? std::max(widths[i] - narrowestColumn, 0) : 0;
+    int excess = lineWidth(widths) - width;
+    while (excess > spare) {
+        std::size_t next = m_columns.size();
+        for (std::size_t i = 0; i < m_columns.size(); ++i) {
+            const bool canGo = m_columns[i].goes > 0 && widths[i] > 0;
+            if (canGo && (next == m_columns.size() || m_columns[i].goes < m_columns[next].goes))
+                next = i;
+        }
+        if (next == m_columns.size())
+            break;
+        widths[next] = 0;
+        excess = lineWidth(widths) - width;
+    }
     while (excess > 0) { // the widest of those that may be cut gives way, down to the next one
         int *widest = nullptr;
         for (std::size_t i = 0; i < widths.size(); ++i) {
@@ -80,8 +107,9 @@ QString TextTable::line(const QStringList &cells, const std::vector<int> &widths
     QStringList aligned;
     for (std::size_t i = 0; i < widths.size(); ++i) {
         const QString &cell = cells[static_cast<qsizetype>(i)];
-        aligned += m_columns[i].alignment == Left ? DisplayWidth::leftAligned(cell, widths[i])
-                                                  : DisplayWidth::rightAligned(cell, widths[i]);
+        if (widths[i] > 0)
+            aligned += m_columns[i].alignment == Left ? DisplayWidth::leftAligned(cell, widths[i])
+                                                      : DisplayWidth::rightAligned(cell, widths[i]);
     }
     return withoutSpacesAtEnd(aligned.join(QString(spaceBetween, u' ')));
 }

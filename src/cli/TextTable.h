@@ -5,7 +5,8 @@
 
 #include <vector>
 
-/// Rows of texts in aligned columns, two spaces apart. Where they are wider than a given width, the columns that may be cut give way.
+/// Rows of texts in aligned columns, two spaces apart. Where they are wider than a given width, the columns that may be
+/// cut give way; where that is not enough, columns go.
 class TextTable
 {
 public:
@@ -15,6 +16,7 @@ public:
         QString title;
         Alignment alignment = Left;
         bool mayBeCut = false;
+        int goes = 0; ///< columns go in this order where there is no room for all; one with 0 stays
     };
 
     /// Without any title there is no line of titles.
@@ -28,6 +30,8 @@ public:
 
 private:
     bool hasTitles() const;
+    std::vector<int> naturalWidths() const;
+    /// 0 for a column that is not shown.
     std::vector<int> columnWidths(int width) const;
     QString line(const QStringList &cells, const std::vector<int> &widths) const;
 

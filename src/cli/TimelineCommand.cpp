@@ -38,9 +38,9 @@ QString jsonText(const TimelineListing &listing)
     return json.text();
 }
 
-QString csvText(const TimelineListing &listing)
+QString csvText(const TimelineListing &listing, CsvWriter::Formulas formulas)
 {
-    CsvWriter csv;
+    CsvWriter csv(formulas);
     csv.addKeys(fieldsOf(TimelineItem()));
     for (const TimelineItem &item : listing.items)
         csv.addRow(fieldsOf(item));
@@ -111,9 +111,13 @@ QString tableText(const TimelineListing &listing)
     const int width = Console::outputWidth();
     text += u'\n' + drawTimeline(listing, width).join(u'\n') + QStringLiteral("\n\n");
 
-    TextTable table({{CliText::tr("first"), TextTable::Right}, {CliText::tr("last"), TextTable::Right},
-        {CliText::tr("frames"), TextTable::Right}, {CliText::tr("in shot"), TextTable::Right},
-        {CliText::tr("timecode")}, {CliText::tr("kind")}, {CliText::tr("id"), TextTable::Right},
+    // What can be told from the other columns goes first where a terminal is narrow.
+    TextTable table({{CliText::tr("first"), TextTable::Right},
+        {CliText::tr("last"), TextTable::Right, /*mayBeCut*/ false, /*goes*/ 5},
+        {CliText::tr("frames"), TextTable::Right, /*mayBeCut*/ false, /*goes*/ 2},
+        {CliText::tr("in shot"), TextTable::Right, /*mayBeCut*/ false, /*goes*/ 1},
+        {CliText::tr("timecode"), TextTable::Left, /*mayBeCut*/ false, /*goes*/ 3}, {CliText::tr("kind")},
+        {CliText::tr("id"), TextTable::Right, /*mayBeCut*/ false, /*goes*/ 4},
         {CliText::tr("name"), TextTable::Left, /*mayBeCut*/ true}});
     for (const TimelineItem &item : listing.items)
         table.addRow(tableRow(item));
@@ -139,6 +143,9 @@ ExitCode runTimeline(const QCommandLineParser &parser)
     const bool wantsCsv = parser.isSet(QStringLiteral("csv"));
     if (wantsJson && wantsCsv)
         return refuseUsage(CliText::tr("timeline: --json and --csv exclude one another"));
+    const bool isGuarded = parser.isSet(QStringLiteral("guard"));
+    if (isGuarded && !wantsCsv)
+        return refuseUsage(CliText::tr("timeline: --guard is for --csv alone"));
     OpenedProject opened(parser.positionalArguments().first());
     if (!opened.isOpen())
         return ExitCode::BadInput;
@@ -146,7 +153,9 @@ ExitCode runTimeline(const QCommandLineParser &parser)
     {
         const Progress progress(CliText::tr("listing the timeline"));
         const TimelineListing listing = listTimeline(opened.project());
-        text = wantsJson ? jsonText(listing) : wantsCsv ? csvText(listing) : tableText(listing);
+        text = wantsJson ? jsonText(listing)
+            : wantsCsv   ? csvText(listing, isGuarded ? CsvWriter::Guarded : CsvWriter::AsTheyAre)
+                         : tableText(listing);
     }
     return Console::writeResult(text) ? ExitCode::Done : ExitCode::Failed;
 }
@@ -155,9 +164,11 @@ ExitCode runTimeline(const QCommandLineParser &parser)
 
 Subcommand timelineCommand()
 {
-    return {QStringLiteral("timeline"), {QStringLiteral("FILE")}, QStringLiteral("FILE [--json | --csv]"),
+    return {QStringLiteral("timeline"), {QStringLiteral("FILE")}, QStringLiteral("FILE [--json | --csv [--guard]]"),
         CliText::tr("List shots, panels, transitions and gaps in order."),
         {{QStringLiteral("json"), CliText::tr("Print JSON.")},
-            {QStringLiteral("csv"), CliText::tr("Print comma-separated values.")}},
+            {QStringLiteral("csv"), CliText::tr("Print comma-separated values.")},
+            {QStringLiteral("guard"),
+                CliText::tr("Put an apostrophe before texts that a spreadsheet would run, such as \"=1+2\".")}},
         runTimeline};
 }

@@ -1,9 +1,26 @@
 #include "listing/CsvWriter.h"
 
+#include "listing/TextSafety.h"
+
 #include <QStringList>
 
 namespace
 {
+
+bool isWhiteSpace(QChar character)
+{
+    return character == u'\n' || character == u'\r' || character == u'\t';
+}
+
+QString harmless(const QString &text)
+{
+    QString result;
+    result.reserve(text.size());
+    for (const QChar character : text)
+        result += TextSafety::isActing(character.unicode()) && !isWhiteSpace(character) ? TextSafety::escape(character)
+                                                                                        : QString(character);
+    return result;
+}
 
 QString quoted(QString text)
 {
@@ -14,9 +31,9 @@ QString quoted(QString text)
     return u'"' + text + u'"';
 }
 
-QString valueText(const QVariant &value)
+bool isFormula(const QString &text)
 {
-    return value.isValid() ? quoted(value.toString()) : QString();
+    return !text.isEmpty() && QStringLiteral("=+-@\t\r").contains(text.front());
 }
 
 } // namespace
@@ -33,6 +50,14 @@ void CsvWriter::addRow(const ItemFields &fields)
 {
     QStringList cells;
     for (const auto &field : fields)
-        cells += valueText(field.second);
+        cells += cellText(field.second);
     m_text += cells.join(u',') + u'\n';
+}
+
+QString CsvWriter::cellText(const QVariant &value) const
+{
+    if (value.typeId() != QMetaType::QString)
+        return value.toString(); // empty for null
+    const QString text = harmless(value.toString());
+    return quoted(m_formulas == Guarded && isFormula(text) ? u'\'' + text : text);
 }

@@ -1,6 +1,7 @@
 #include "listing/JsonWriter.h"
 
 #include "listing/NumberText.h"
+#include "listing/TextSafety.h"
 
 #include <cmath>
 
@@ -27,8 +28,8 @@ QString escaped(const QString &text)
             result += QLatin1String("\\n");
         } else if (character == u'\t') {
             result += QLatin1String("\\t");
-        } else if (character < u' ' || character == QChar(0x7F)) {
-            result += QStringLiteral("\\u%1").arg(character.unicode(), 4, 16, QLatin1Char('0'));
+        } else if (TextSafety::isActing(character.unicode())) {
+            result += TextSafety::escape(character);
         } else {
             result += character;
         }

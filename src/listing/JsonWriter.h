@@ -9,7 +9,8 @@
 #include <utility>
 #include <vector>
 
-/// Writes JSON with its keys in the order in which they come, indented by two spaces.
+/// Writes JSON with its keys in the order in which they come, indented by two spaces. What acts on a terminal stands in
+/// texts as an escape.
 ///
 ///     json.beginObject();
 ///     json.field(QLatin1String("name"), name);

@@ -70,8 +70,14 @@ TEST(DumpCommand, PrintsOnlyTheRecordsAskedFor)
     EXPECT_EQ(ofPanel.count("weather"), 0);
 
     const CommandRun nothing = dump(file, {QStringLiteral("--record"), QStringLiteral("panelinfo")});
-    EXPECT_EQ(nothing.exitCode, 0);
+    EXPECT_EQ(nothing.exitCode, 3);
     EXPECT_EQ(nothing.output.toStdString(), "");
+    EXPECT_TRUE(nothing.errors.contains("there is no record of type \"panelinfo\"; there are: bool, deletedPanels, "))
+        << nothing.errors.toStdString();
+    const CommandRun ofShot = dump(file,
+        {QStringLiteral("--record"), QStringLiteral("weather"), QStringLiteral("--panel"), board.shotId(1).AsString()});
+    EXPECT_EQ(ofShot.exitCode, 3);
+    EXPECT_FALSE(ofShot.errors.contains("there are: bool")) << "of another shot";
 }
 
 TEST(DumpCommand, RefusesAnIdThatIsNoneOrOfNothing)

@@ -127,6 +127,10 @@ TEST_F(ImportCommand, SaysWhatIsWrongWithTheInput)
     expectBadInput(path(QStringLiteral("nowhere.otio")), "error: ");
     expectBadInput(path(QStringLiteral(".")), "folder");
     expectBadInput(write(QStringLiteral("empty.otio"), QByteArray()), "error: ");
+    expectBadInput(write(QStringLiteral("cut.edl"), "\nTITLE: NIGHT\nFCM: NON-DROP FRAME\n001  AX  V  C\n"),
+        "cut.edl:2:1: error: this is no OpenTimelineIO cut, which would begin with \"{\"; an EDL");
+    expectBadInput(
+        write(QStringLiteral("cut.xml"), "<?xml version=\"1.0\"?><xmeml/>"), "this is no OpenTimelineIO cut");
     expectBadInput(write(QStringLiteral("text.otio"), "{\n  \"name\": }\n"), "text.otio:2:");
     expectBadInput(write(QStringLiteral("list.otio"), "[1, 2]"), "error: ");
     expectBadInput(write(QStringLiteral("deep.otio"), QByteArray(100'000, '[')), "error: ");
@@ -278,6 +282,14 @@ TEST_F(ImportCommand, CountsAllThatIsLost)
     EXPECT_EQ(run.exitCode, 0);
     EXPECT_TRUE(run.errors.contains("plotka: notes: 150 loss, 0 change, 0 info\n")) << run.errors.toStdString();
     EXPECT_TRUE(run.errors.contains("plotka: and 130 more; ")) << run.errors.toStdString();
+}
+
+TEST_F(ImportCommand, CountsWhatItDoesNotShow)
+{
+    const CommandRun run = import(QStringLiteral(PLOTKA_EXAMPLES "/lantern_harbour.otio"));
+    EXPECT_EQ(run.errors.toStdString(),
+        "plotka: notes: 0 loss, 0 change, 1 info\n"
+        "plotka: and 1 more; --report FILE writes them, the first 100 of each kind\n");
 }
 
 TEST_F(ImportCommand, ShowsNothingOfAFileThatATerminalWouldActOn)

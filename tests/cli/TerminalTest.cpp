@@ -100,7 +100,7 @@ int longestLine(const QByteArray &text)
     int longest = 0;
     const QList<QByteArray> lines = text.split('\n');
     for (const QByteArray &line : lines)
-        longest = std::max(longest, static_cast<int>(line.size()));
+        longest = std::max(longest, static_cast<int>(QString::fromUtf8(line).size()));
     return longest;
 }
 
@@ -129,6 +129,28 @@ TEST(Terminal, IsNotColouredWhereThatIsNotWanted)
     const QByteArray output = terminal.run({QStringLiteral("timeline"), file}, {QStringLiteral("NO_COLOR=1")});
     EXPECT_FALSE(output.contains('\033')) << output.toStdString();
     EXPECT_EQ(longestLine(output.mid(output.indexOf("\nframes"))), 72) << output.toStdString();
+}
+
+TEST(Terminal, LosesColumnsOfTheTableWhereItIsNarrow)
+{
+    const ProjectFolder folder;
+    Storyboard board("A(24000) ~2+2~ B(24,12) -5- C(24)");
+    board.nameShot(1, "a name that is long");
+    const QString file = folder.save(board);
+    const std::pair<unsigned short, const char *> heads[] = {
+        {80, "first   last  frames  in shot  timecode     kind        id  name"},
+        {64, "first   last  frames  timecode     kind        id  name"},
+        {56, "first   last  timecode     kind        id  name"}, {48, "first   last  kind        id  name"},
+        {40, "first   last  kind        id  name"}};
+    for (const auto &[columns, head] : heads) {
+        const Terminal terminal(columns);
+        if (!terminal.isOpen())
+            GTEST_SKIP() << "no terminal can be made here";
+        const QByteArray output = terminal.run({QStringLiteral("timeline"), file}, {QStringLiteral("NO_COLOR=1")});
+        const QByteArray table = output.mid(output.indexOf("\nframes"));
+        EXPECT_TRUE(table.contains(QByteArray("\n") + head + '\n')) << columns << table.toStdString();
+        EXPECT_LE(longestLine(table), columns) << table.toStdString();
+    }
 }
 
 TEST(Terminal, SeesThatWorkTakesLongerThanASecondUntilItIsDone)

@@ -191,6 +191,28 @@ TEST(TimelineCommand, TakesTheFolderOfAProject)
     EXPECT_EQ(ofFolder.output, runPlotka({QStringLiteral("timeline"), file}).output);
 }
 
+TEST(TimelineCommand, GuardsTextsThatASpreadsheetWouldRun)
+{
+    Storyboard board("A(24) B(24) C(24) D(24)");
+    board.nameShot(0, "=1+2");
+    board.nameShot(1, "@x,\"y\"");
+    board.nameShot(2, "a=b");
+    board.nameShot(3, "-1");
+    const auto names = [&board](const QStringList &options) {
+        std::string lines;
+        const QStringList all =
+            QString::fromStdString(timelineOf(board, QStringList{QStringLiteral("--csv")} + options)).split(u'\n');
+        for (const QString &line : all) {
+            if (line.startsWith(QLatin1String("shot,")))
+                lines += line.section(u',', 2, -11).toStdString() + "\n";
+        }
+        return lines;
+    };
+    EXPECT_EQ(names({}), "=1+2\n\"@x,\"\"y\"\"\"\na=b\n-1\n");
+    EXPECT_EQ(names({QStringLiteral("--guard")}), "'=1+2\n\"'@x,\"\"y\"\"\"\na=b\n'-1\n");
+    EXPECT_EQ(runPlotka({QStringLiteral("timeline"), QStringLiteral("x"), QStringLiteral("--guard")}).exitCode, 2);
+}
+
 TEST(TimelineCommand, RefusesTwoFormatsAtOnce)
 {
     const ProjectFolder folder;

@@ -303,6 +303,25 @@ TEST(OtioNotes, TellTimesThatAreNone)
     EXPECT_EQ(codes(read(timeline({track({clip("A", 5), dissolve(2, -1), clip("B", 5)})}))), "bad-time");
 }
 
+TEST(OtioNotes, TellWhichTimeIsTakenAndWhy)
+{
+    const auto noteOf = [](const QJsonValue &offset) {
+        QJsonObject transition = dissolve(1, 2);
+        transition.insert(QStringLiteral("in_offset"), offset);
+        const std::string notes = print(read(timeline({track({clip("A", 5), transition, clip("B", 5)})})).notes);
+        return notes.substr(0, notes.find('\n'));
+    };
+    const std::string head = "change bad-time: track 1, item 2: its in_offset ";
+    EXPECT_EQ(noteOf(time(-1, 24)), head + "is negative: -1 at 24 per second; 0 is taken");
+    EXPECT_EQ(noteOf(time(3, 0)), head + "is no time: 3 at 0 per second; 0 is taken");
+    EXPECT_EQ(noteOf(7), head + "is no time: 7; 0 is taken");
+    EXPECT_EQ(noteOf(QJsonArray{1}), head + "is no time: [1]; 0 is taken");
+    EXPECT_EQ(noteOf(QJsonObject{{QStringLiteral("value"), QStringLiteral("x")}}),
+        head + "is no time: {\"value\":\"x\"}; 0 is taken");
+    EXPECT_EQ(noteOf(time(1e300, 24)),
+        head + "is longer than can be counted: 1e+300 at 24 per second; 2^32 seconds is taken");
+}
+
 TEST(OtioNotes, TellNumbersThatAreNone)
 {
     const OtioReading reading =

@@ -49,6 +49,15 @@ TEST(JsonWriter, WritesTextsThatReadBackEqual)
     }
 }
 
+TEST(JsonWriter, EscapesWhatActsOnATerminal)
+{
+    EXPECT_EQ(written(QStringLiteral("\u001b\u007f\u0080\u009b\u009f\u202a\u202e\u2066\u2069\u2028")).toStdString(),
+        R"({"v": "\u001b\u007f\u0080\u009b\u009f\u202a\u202e\u2066\u2069\u2028"})"
+        "\n");
+    EXPECT_EQ(written(QStringLiteral("\u00a0\u200e\u202f\u2065\u206a")),
+        QStringLiteral("{\"v\": \"\u00a0\u200e\u202f\u2065\u206a\"}\n"));
+}
+
 TEST(JsonWriter, ReplacesHalfACharacter)
 {
     EXPECT_EQ(written(QStringLiteral("a") + QChar(0xD800)), QStringLiteral("{\"v\": \"a\uFFFD\"}\n"));

@@ -5,6 +5,18 @@
 #include "interchange/otio/OtioPlanner_p.h"
 #include "interchange/otio/OtioReader_p.h"
 
+namespace
+{
+
+/// True for what begins as no JSON text would, as edit lists and tables do.
+bool isOtherText(const QByteArray &bytes)
+{
+    const QByteArray start = bytes.left(4096).trimmed();
+    return !start.isEmpty() && start.front() > ' ' && !QByteArray("{[\"").contains(start.front());
+}
+
+} // namespace
+
 QStringList OtioImport::lossCodes()
 {
     return {QStringLiteral("bad-value"), QStringLiteral("collection-rest"), QStringLiteral("disabled-sound"),
@@ -23,7 +35,11 @@ OtioReading OtioImport::read(const QByteArray &bytes, const OtioOptions &options
     OtioReading reading;
     const LooseJson json = LooseJson::parse(bytes);
     if (json.hasError()) {
-        reading.error = {json.error, json.line, json.column};
+        const QString message = isOtherText(bytes)
+            ? OtioText::tr("this is no OpenTimelineIO cut, which would begin with \"{\"; an EDL or another kind of "
+                           "text is not read")
+            : json.error;
+        reading.error = {message, json.line, json.column};
         return reading;
     }
 

@@ -362,11 +362,11 @@ void OtioReader::readTransition(const QJsonObject &object, OtioNode &transition)
     transition.inOffset = readTime(object, kInOffset, transition.place, rate);
     transition.outOffset = readTime(object, kOutOffset, transition.place, rate);
     if (transition.inOffset.isNegative()) {
-        noteBadTime(kInOffset, transition.place);
+        noteNegativeTime(kInOffset, transition.place, object.value(kInOffset));
         transition.inOffset = OtioTime();
     }
     if (transition.outOffset.isNegative()) {
-        noteBadTime(kOutOffset, transition.place);
+        noteNegativeTime(kOutOffset, transition.place, object.value(kOutOffset));
         transition.outOffset = OtioTime();
     }
 }

@@ -2,6 +2,9 @@
 
 #include "interchange/ImportNotes_p.h"
 
+#include <QJsonArray>
+#include <QJsonDocument>
+
 namespace
 {
 
@@ -10,6 +13,25 @@ const QString kStartTime = QStringLiteral("start_time");
 const QString kDuration = QStringLiteral("duration");
 const QString kValue = QStringLiteral("value");
 const QString kRate = QStringLiteral("rate");
+
+/// "-3 at 24 per second", or the JSON of what has another form.
+QString textOf(const QJsonValue &time)
+{
+    const QJsonObject object = time.toObject();
+    const QJsonValue value = object.value(kValue);
+    const QJsonValue rate = object.value(kRate);
+    if (value.isDouble() && rate.isDouble())
+        return OtioText::tr("%1 at %2 per second").arg(value.toVariant().toString(), rate.toVariant().toString());
+    const QJsonDocument document = time.isArray() ? QJsonDocument(time.toArray()) : QJsonDocument(object);
+    return time.isArray() || time.isObject()
+        ? OtioText::brief(QString::fromUtf8(document.toJson(QJsonDocument::Compact)))
+        : OtioText::brief(time.toVariant().toString());
+}
+
+QString noTime()
+{
+    return OtioText::tr("0");
+}
 
 } // namespace
 
@@ -22,7 +44,7 @@ OtioTime OtioReader::readTime(
     const QJsonValue count = time.toObject().value(kValue);
     rate = OtioTime::exactRate(time.toObject().value(kRate).toDouble());
     if (!count.isDouble() || (!rate.isValid() && count.toDouble() != 0.0)) {
-        noteBadTime(field, place);
+        noteBadTime(field, place, OtioText::tr("is no time: %1").arg(textOf(time)), noTime());
         return OtioTime();
     }
     if (!rate.isValid())
@@ -32,7 +54,8 @@ OtioTime OtioReader::readTime(
     const OtioTime result =
         isWhole ? OtioTime::fromUnits(count.toInteger(), rate) : OtioTime::fromUnits(count.toDouble(), rate);
     if (result.isAtLimit())
-        noteBadTime(field, place);
+        noteBadTime(field, place, OtioText::tr("is longer than can be counted: %1").arg(textOf(time)),
+            OtioText::tr("2^32 seconds"));
     return result;
 }
 
@@ -47,7 +70,7 @@ OtioReader::Range OtioReader::readRange(const QJsonObject &owner, const QString 
     range.start = readTime(object, kStartTime, place, startRate);
     range.duration = readTime(object, kDuration, place, range.rate);
     if (range.duration.isNegative()) {
-        noteBadTime(kDuration, place);
+        noteNegativeTime(kDuration, place, object.value(kDuration));
         range.duration = OtioTime();
     }
     return range;
@@ -95,8 +118,12 @@ void OtioReader::noteBadValue(const QString &field, const QString &place)
     m_notes.loss("bad-value", place, OtioText::tr("its %1 is of the wrong kind and is left out").arg(field));
 }
 
-void OtioReader::noteBadTime(const QString &field, const QString &place)
+void OtioReader::noteBadTime(const QString &field, const QString &place, const QString &reason, const QString &taken)
 {
-    m_notes.change("bad-time", place,
-        OtioText::tr("its %1 is no time, or out of bounds; the nearest possible one is taken").arg(field));
+    m_notes.change("bad-time", place, OtioText::tr("its %1 %2; %3 is taken").arg(field, reason, taken));
+}
+
+void OtioReader::noteNegativeTime(const QString &field, const QString &place, const QJsonValue &time)
+{
+    noteBadTime(field, place, OtioText::tr("is negative: %1").arg(textOf(time)), noTime());
 }

@@ -63,7 +63,9 @@ private:
     QJsonObject readObject(const QJsonObject &owner, const QString &field, const QString &place);
 
     void noteBadValue(const QString &field, const QString &place);
-    void noteBadTime(const QString &field, const QString &place);
+    /// @p reason says what the time is, @p taken what counts in its place.
+    void noteBadTime(const QString &field, const QString &place, const QString &reason, const QString &taken);
+    void noteNegativeTime(const QString &field, const QString &place, const QJsonValue &time);
 
     const JsonOutline &m_outline;
     ImportNotes &m_notes;
