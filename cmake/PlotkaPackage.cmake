@@ -25,3 +25,7 @@ endforeach()
 string(STRIP "${PLOTKA_PC_LIBS}" PLOTKA_PC_LIBS)
 configure_file(cmake/plotka.pc.in ${PROJECT_BINARY_DIR}/plotka.pc @ONLY)
 install(FILES ${PROJECT_BINARY_DIR}/plotka.pc DESTINATION ${pcDir})
+
+# The licence and the documents, in folders as they are in the repository, so that links among them lead somewhere.
+install(FILES LICENSE README.md CHANGELOG.md CONTRIBUTING.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
+install(DIRECTORY docs examples DESTINATION ${CMAKE_INSTALL_DOCDIR} PATTERN CMakeLists.txt EXCLUDE)

@@ -1,5 +1,9 @@
-// Prints the panels of a project: walk_panels <project file or folder>.
-#include "project/PKC_PlotkaProject.h"
+// Prints the shots of a project and what each of them holds: walk_panels <project file or folder>.
+//
+// It goes from block to block, so that nothing is hidden. A walk by panels, beginPanel() to endPanel(), ends at a gap at the end of a
+// shot; see docs/behaviour/walks-at-gaps.md.
+#include "listing/ItemFields.h"
+#include "listing/TimelineListing.h"
 #include "project/PKC_SessionContext.h"
 
 #include <QTextStream>
@@ -12,10 +16,13 @@ int main(int argc, char *argv[])
     if (argc != 2 || !session->openProject(QString::fromLocal8Bit(argv[1])))
         return 1;
     session->createPlotkaProject(session->project());
-    const PKC_PlotkaProject *project = session->plotkaProject();
+    const TimelineListing listing = listTimeline(*session->plotkaProject());
     QTextStream out(stdout);
-    for (auto panel = project->beginPanel(); panel != project->endPanel(); ++panel)
-        out << panel->shotName() << ": " << panel->firstFrame() << '-' << panel->lastFrame() << '\n';
+    for (const TimelineItem &item : listing.items) {
+        if (!item.isEndless())
+            out << (item.shotId.isNull() ? "" : "  ") << kindText(item.kind) << ' ' << item.firstFrame << '-'
+                << item.lastFrame << (item.name.isEmpty() ? "" : ": ") << item.name << '\n';
+    }
     out.flush();
     session->releaseProject();
     return 0;

@@ -17,13 +17,15 @@ QByteArray contentOf(const QString &path)
 
 } // namespace
 
-TEST(WalkPanelsExample, PrintsThePanelsOfAProject)
+TEST(WalkPanelsExample, PrintsEveryShotAndAllThatItHolds)
 {
     const ProjectFolder folder;
-    const QString file = folder.save(Storyboard("Opening(24,12) -10- Street(30)"));
+    const QString file = folder.save(Storyboard("Opening(wide=24,12,-4) -10- Street(-5,30)"));
     const CommandRun run = runProgram(QStringLiteral(PLOTKA_WALK_PANELS), {file});
     EXPECT_EQ(run.exitCode, 0);
-    EXPECT_EQ(run.output.toStdString(), "Opening: 1-24\nOpening: 25-36\nStreet: 47-76\n");
+    EXPECT_EQ(run.output.toStdString(),
+        "shot 1-40: Opening\n  panel 1-24: wide\n  panel 25-36\n  gap 37-40\ngap 41-50\n"
+        "shot 51-85: Street\n  gap 51-55\n  panel 56-85\n");
     EXPECT_EQ(runProgram(QStringLiteral(PLOTKA_WALK_PANELS), {folder.path(QStringLiteral("nowhere"))}).exitCode, 1);
 }
 
