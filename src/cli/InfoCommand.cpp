@@ -6,16 +6,19 @@
 #include "cli/Progress.h"
 #include "cli/TextTable.h"
 #include "listing/JsonWriter.h"
-#include "listing/TimelineListing.h"
+#include "listing/TimelineCounts.h"
 #include "project/PKC_PlotkaProject.h"
 #include "scene/metadata/PIO_MetadataUnknown.h"
 #include "scene/session/SC_Project.h"
 #include "scene/session/TUScene.h"
 #include "scene/timeline/TUSeqTimedValue.h"
 #include "scene/timeline/TUSoundTimedValue.h"
+#include "scene/timeline/TimelineSearches.h"
 
 #include <QCommandLineParser>
 #include <QMap>
+
+#include <algorithm>
 
 namespace
 {
@@ -41,10 +44,12 @@ struct TrackCounts {
 };
 
 struct Info {
+    QString name;
     QString file;
+    UT_FrameRate rate;
     qint64 startTimecode = 0;
     unsigned int sceneCount = 0;
-    TimelineListing timeline;
+    TimelineCounts timeline;
     TrackCounts tracks;
     RecordCounts records;
 };
@@ -53,7 +58,7 @@ void countRecords(const PIO_Metadatas *records, RecordCounts &counts)
 {
     if (!records)
         return;
-    for (const PIO_Metadata *record : *records) {
+    for (const PIO_Metadata *record : records->view()) {
         ++counts.ofType[record->metaType()];
         if (dynamic_cast<const PIO_MetadataUnknown *>(record))
             counts.unknown.push_back({record->metaType(), record->metaName(), record->creator(), record->version()});
@@ -71,18 +76,23 @@ RecordCounts countRecords(const SC_Project &project)
     return counts;
 }
 
-TrackCounts countTracks(const PKC_PlotkaProject &project)
+/// The timeline of the project. Only where there is a choice a project object is needed, and made, to choose.
+const TUSeqTimedValue *timelineOf(OpenedProject &opened)
+{
+    const auto *const top = dynamic_cast<const TUScene *>(opened.asFiled().sceneAt(0));
+    const auto sequences = std::count_if(top->timedValues().begin(), top->timedValues().end(),
+        [](const TUTimedValue *timedValue) { return dynamic_cast<const TUSeqTimedValue *>(timedValue) != nullptr; });
+    return sequences > 1 ? opened.project().topMainTv() : sceneMainTv(top);
+}
+
+TrackCounts countTracks(const TUScene &top, const TUSeqTimedValue *timeline)
 {
     TrackCounts counts;
-    const TUScene *const top = project.topScene();
-    if (!top)
-        return counts;
-    for (const TUTimedValue *timedValue : top->timedValues()) {
+    for (const TUTimedValue *timedValue : top.timedValues()) {
         if (const auto *sound = dynamic_cast<const TUSoundTimedValue *>(timedValue)) {
             ++counts.soundTracks;
             counts.sounds += static_cast<int>(sound->sounds().size());
-        } else if (const auto *video = dynamic_cast<const TUSeqTimedValue *>(timedValue);
-                   video && video != project.topMainTv()) {
+        } else if (const auto *video = dynamic_cast<const TUSeqTimedValue *>(timedValue); video && video != timeline) {
             ++counts.videoTracks;
             counts.videoClips += static_cast<int>(video->blockCount());
         }
@@ -96,21 +106,22 @@ Info infoOf(OpenedProject &opened)
     Info info;
     info.records = countRecords(opened.asFiled()); // before the panels are given records
     const SC_ProjectCommon *const common = opened.asFiled().projectCommon();
+    info.name = common->dbSceneData()->sceneName();
     info.file = common->dbSceneData()->filePath();
+    info.rate = common->frameRate();
     info.startTimecode = common->startTimecode();
     info.sceneCount = opened.asFiled().sceneCount();
-    info.timeline = listTimeline(opened.project());
-    info.tracks = countTracks(opened.project());
+    const TUSeqTimedValue *const timeline = timelineOf(opened);
+    info.timeline = countTimeline(opened.asFiled(), timeline);
+    info.tracks = countTracks(*dynamic_cast<const TUScene *>(opened.asFiled().sceneAt(0)), timeline);
     return info;
 }
 
 QList<std::pair<QString, QVariant>> countFields(const Info &info)
 {
-    const auto ofKind = [&info](TimelineItem::Kind kind) { return QVariant(info.timeline.count(kind)); };
-    return {{QStringLiteral("shots"), ofKind(TimelineItem::Shot)},
-        {QStringLiteral("panels"), ofKind(TimelineItem::Panel)},
-        {QStringLiteral("transitions"), ofKind(TimelineItem::Transition)},
-        {QStringLiteral("gaps"), ofKind(TimelineItem::Gap)}, {QStringLiteral("videoTracks"), info.tracks.videoTracks},
+    return {{QStringLiteral("shots"), info.timeline.shots}, {QStringLiteral("panels"), info.timeline.panels},
+        {QStringLiteral("transitions"), info.timeline.transitions}, {QStringLiteral("gaps"), info.timeline.gaps},
+        {QStringLiteral("videoTracks"), info.tracks.videoTracks},
         {QStringLiteral("videoClips"), info.tracks.videoClips},
         {QStringLiteral("soundTracks"), info.tracks.soundTracks}, {QStringLiteral("sounds"), info.tracks.sounds},
         {QStringLiteral("scenes"), info.sceneCount}};
@@ -121,11 +132,11 @@ QString jsonText(const Info &info)
     JsonWriter json;
     json.beginObject();
     json.field(QLatin1String("schema"), 1);
-    json.field(QLatin1String("name"), info.timeline.name);
+    json.field(QLatin1String("name"), info.name);
     json.field(QLatin1String("file"), info.file);
-    json.field(QLatin1String("rate"), info.timeline.rate.asString());
+    json.field(QLatin1String("rate"), info.rate.asString());
     json.field(QLatin1String("startTimecode"), info.startTimecode);
-    json.field(QLatin1String("frames"), info.timeline.frameCount);
+    json.field(QLatin1String("frames"), info.timeline.frames);
     json.beginObject(QLatin1String("counts"));
     const auto counts = countFields(info);
     for (const auto &count : counts)
@@ -152,11 +163,11 @@ QString jsonText(const Info &info)
 QString tableText(const Info &info)
 {
     TextTable table({{}, {QString(), TextTable::Left, /*mayBeCut*/ true}});
-    table.addRow({CliText::tr("name"), info.timeline.name});
+    table.addRow({CliText::tr("name"), info.name});
     table.addRow({CliText::tr("file"), info.file});
-    table.addRow({CliText::tr("rate"), info.timeline.rate.asString()});
+    table.addRow({CliText::tr("rate"), info.rate.asString()});
     table.addRow({CliText::tr("start timecode"), CliText::tr("%1 frames").arg(info.startTimecode)});
-    table.addRow({CliText::tr("frames"), QString::number(info.timeline.frameCount)});
+    table.addRow({CliText::tr("frames"), QString::number(info.timeline.frames)});
     const QStringList titles = {CliText::tr("shots"), CliText::tr("panels"), CliText::tr("transitions"),
         CliText::tr("gaps"), CliText::tr("video tracks"), CliText::tr("video clips"), CliText::tr("sound tracks"),
         CliText::tr("sounds"), CliText::tr("scenes")};
