@@ -22,7 +22,7 @@ namespace
 QString holderText(const RecordHolder &holder, const QString &type)
 {
     QString text;
-    for (const PIO_Metadata *record : *holder.records) {
+    for (const PIO_Metadata *record : holder.records->view()) {
         if (type.isEmpty() || record->metaType() == type)
             text += recordText(*record);
     }
@@ -34,7 +34,7 @@ QStringList typesIn(const std::vector<RecordHolder> &holders)
 {
     std::set<QString> types;
     for (const RecordHolder &holder : holders) {
-        for (const PIO_Metadata *record : *holder.records)
+        for (const PIO_Metadata *record : holder.records->view())
             types.insert(record->metaType());
     }
     return QStringList(types.begin(), types.end());

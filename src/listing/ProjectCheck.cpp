@@ -76,7 +76,7 @@ std::vector<Finding> Checker::run()
     findDescriptors();
     for (const RecordHolder &holder : recordHolders(*m_project.project())) {
         m_nodeNames.reset();
-        for (const PIO_Metadata *record : *holder.records)
+        for (const PIO_Metadata *record : holder.records->view())
             checkRecord(holder, record);
     }
     return std::move(m_findings);

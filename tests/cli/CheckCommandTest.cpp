@@ -84,6 +84,13 @@ protected:
         return file.readAll();
     }
 
+    /// The file of the storyboard with one more record of the panel.
+    QByteArray withRecord(const QByteArray &record)
+    {
+        QByteArray content = contentOf(folder.save(board));
+        return content.insert(content.indexOf("<newRecords as="), record);
+    }
+
     PIO_Metadatas &records() const { return *board.sceneProject().metadatas(); }
     Plotka::Panel_t panel() const { return board.project().getPanelByNdx(0); }
     std::string panelTitle() const { return "scene " + board.panelId(0, 0).AsString().toStdString(); }
@@ -289,10 +296,10 @@ TEST_F(CheckCommand, FindsScenesThatPlaceThemselvesOrEachOther)
 TEST_F(CheckCommand, FindsTimeWarpsThatAreNotFinite)
 {
     QByteArray content = contentOf(folder.save(board));
-    ASSERT_EQ(content.count("end=\"24\""), 2);
+    ASSERT_EQ(content.count("frames=\"24\""), 2);
     for (const char *number : {"inf", "-inf", "nan"}) {
         QByteArray odd = content;
-        odd.replace("end=\"24\"", "end=\"" + QByteArray(number) + '"');
+        odd.replace("frames=\"24\"", "frames=\"24\" end=\"" + QByteArray(number) + '"');
         const QString file = folder.write(QStringLiteral("odd/odd.plotka"), odd);
         EXPECT_EQ(findingsIn(file),
             "time-warp-not-finite scene " + board.shotId(0).AsString().toStdString() + ": its time warp goes from 1 to "
@@ -349,8 +356,9 @@ TEST_F(CheckCommand, TellsWhatIsDamagedWithItsLine)
 
 TEST_F(CheckCommand, TellsOfRecordsThatTookADefault)
 {
-    QByteArray content = contentOf(folder.save(board));
-    content.replace("exportFlag=\"13\"", "exportFlag=\"many\"");
+    const QByteArray content =
+        withRecord("<metadata type=\"panelInfo\"><panelInfo name=\"\" nameFlag=\"0\" "
+                   "exportFlag=\"many\" colorIsValid=\"false\" color=\"#ff000000\"/></metadata>");
     const QString file = folder.write(QStringLiteral("odd/odd.plotka"), content);
     const CommandRun run = runPlotka({QStringLiteral("check"), file, QStringLiteral("--json")});
     EXPECT_EQ(run.exitCode, 4);
@@ -365,6 +373,17 @@ TEST_F(CheckCommand, TellsOfRecordsThatTookADefault)
             "plotka: 1 value in the file could not be read and has its default; \"plotka check\" tells which\n");
     }
     EXPECT_EQ(run.errors.toStdString(), "");
+}
+
+TEST_F(CheckCommand, TellsOnceOfWhatIsWrongWithRecordsOfManyScenes)
+{
+    QByteArray content = contentOf(folder.save(board));
+    content.replace("exportFlag=\"13\"", "exportFlag=\"many\"");
+    const CommandRun run = runPlotka(
+        {QStringLiteral("check"), folder.write(QStringLiteral("odd/odd.plotka"), content), QStringLiteral("--json")});
+    const QJsonArray all = run.json()[QLatin1String("findings")].toArray();
+    ASSERT_EQ(all.size(), 1);
+    EXPECT_EQ(all[0][QLatin1String("item")].toString(), QStringLiteral("new records 1, record \"panelInfo\""));
 }
 
 TEST_F(CheckCommand, CountsWhatIsWrongBeyondAHundredTimesInARecord)
@@ -383,10 +402,10 @@ TEST_F(CheckCommand, CountsWhatIsWrongBeyondAHundredTimesInARecord)
 
 TEST_F(CheckCommand, TellsOfOptionsThatAreLeftOut)
 {
-    QByteArray content = contentOf(folder.save(board));
-    content.replace("<pdfOptions/>",
-        "<pdfOptions><option name=\"a\" type=\"0\"><value data=\"AAAA\"/></option><option name=\"b\" type=\"0\"/>"
-        "<option name=\"c\" type=\"99\"/><option name=\"d\" type=\"5\"/></pdfOptions>");
+    const QByteArray content =
+        withRecord("<metadata type=\"pdfOptions\"><pdfOptions>"
+                   "<option name=\"a\" type=\"0\"><value data=\"AAAA\"/></option><option name=\"b\" type=\"0\"/>"
+                   "<option name=\"c\" type=\"99\"/><option name=\"d\" type=\"5\"/></pdfOptions></metadata>");
     const QString file = folder.write(QStringLiteral("odd/odd.plotka"), content);
     const QByteArray output = runPlotka({QStringLiteral("check"), file}).output;
     EXPECT_EQ(output.count("damaged"), 3) << output.toStdString();

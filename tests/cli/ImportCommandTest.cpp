@@ -289,7 +289,7 @@ TEST_F(ImportCommand, CountsWhatItDoesNotShow)
     const CommandRun run = import(QStringLiteral(PLOTKA_EXAMPLES "/lantern_harbour.otio"));
     EXPECT_EQ(run.errors.toStdString(),
         "plotka: notes: 0 loss, 0 change, 1 info\n"
-        "plotka: and 1 more; --report FILE writes them, the first 100 of each kind\n");
+        "plotka: and 1 more; --report FILE writes them all\n");
 }
 
 TEST_F(ImportCommand, ShowsNothingOfAFileThatATerminalWouldActOn)
