@@ -24,7 +24,7 @@ int depthOf(const QByteArray &text)
     QXmlStreamReader xml(text);
     xml.setNamespaceProcessing(false);
     xml.readNext();
-    if (!xml.documentEncoding().isEmpty())
+    if (!xml.documentEncoding().isEmpty() && xml.documentEncoding() != QLatin1StringView("UTF-8"))
         return 0;
     int depth = 0;
     int deepest = 0;
