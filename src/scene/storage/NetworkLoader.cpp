@@ -2,6 +2,9 @@
 
 #include "scene/network/MO_ElementModule.h"
 #include "scene/network/MO_Port.h"
+#include "scene/network/TUGroup.h"
+#include "scene/session/SC_ProjectCommon.h"
+#include "scene/session/TUScene.h"
 #include "scene/storage/ElementAttributes_p.h"
 #include "scene/storage/ProjectFileKeys_p.h"
 #include "scene/timeline/TUTimedValue.h"
@@ -79,8 +82,9 @@ void NetworkLoader::addLink(TUTimedValue *timedValue, const SC_Id &scene, const 
     m_links.push_back({nullptr, timedValue, nodeScene.value(), number, attributes.place()});
 }
 
-void NetworkLoader::finish()
+void NetworkLoader::finish(const SC_ProjectCommon &project)
 {
+    m_project = &project;
     const auto standsBefore = [](const Numbered &a, const Numbered &b) {
         return std::tie(a.scene, a.number) < std::tie(b.scene, b.number);
     };
@@ -106,7 +110,22 @@ MO_Node *NetworkLoader::find(qint64 scene, qint64 number) const
 {
     const auto place = std::lower_bound(m_nodes.begin(), m_nodes.end(), std::tie(scene, number),
         [](const Numbered &node, const auto &key) { return std::tie(node.scene, node.number) < key; });
-    return place != m_nodes.end() && place->scene == scene && place->number == number ? place->node : nullptr;
+    if (place != m_nodes.end() && place->scene == scene && place->number == number)
+        return place->node;
+    return number == 1 ? plainRootOf(scene) : nullptr;
+}
+
+/// The root group of a scene of whose nodes the file says nothing.
+MO_Node *NetworkLoader::plainRootOf(qint64 scene) const
+{
+    const auto *const holder = dynamic_cast<const TUScene *>(m_project->sceneManager()->find(SC_Id(scene)));
+    MO_Node *const root = holder ? holder->getRootGroup() : nullptr;
+    auto told = std::lower_bound(
+        m_nodes.begin(), m_nodes.end(), scene, [](const Numbered &node, qint64 key) { return node.scene < key; });
+    while (told != m_nodes.end() && told->scene == scene && told->node != root)
+        ++told;
+    const bool isTold = told != m_nodes.end() && told->scene == scene;
+    return isTold ? nullptr : root;
 }
 
 void NetworkLoader::linkParents()

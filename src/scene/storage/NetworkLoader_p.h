@@ -9,6 +9,7 @@
 
 class ElementAttributes;
 class MO_Node;
+class SC_ProjectCommon;
 class TUTimedValue;
 
 /// Makes the links of a project: parents, sources of ports, and the nodes that timed values drive.
@@ -22,12 +23,11 @@ public:
 
     /// A node as it stands in the file, with the links that its element tells.
     void addNode(MO_Node *node, const SC_Id &scene, const ElementAttributes &attributes);
-    /// The same for a node of which the file says nothing.
-    void addNode(MO_Node *node, const SC_Id &scene, qint64 number) { m_nodes.push_back({scene.value(), number, node}); }
     /// A timed value drives a node.
     void addLink(TUTimedValue *timedValue, const SC_Id &scene, const ElementAttributes &attributes);
 
-    void finish();
+    /// All scenes of @p project are there.
+    void finish(const SC_ProjectCommon &project);
 
 private:
     struct Numbered {
@@ -46,12 +46,14 @@ private:
 
     void tellDoubled();
     MO_Node *find(qint64 scene, qint64 number) const;
+    MO_Node *plainRootOf(qint64 scene) const;
     void linkParents();
     void linkSources();
     void linkTimedValues();
     void refuse(const Link &link, const QString &what);
 
     LoadReport &m_report;
+    const SC_ProjectCommon *m_project = nullptr;
     std::vector<Numbered> m_nodes;
     std::vector<Link> m_parents;
     std::vector<Link> m_sources;

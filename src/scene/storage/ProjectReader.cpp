@@ -87,7 +87,7 @@ SC_Project *ProjectReader::read()
     if (!m_report.hasFailed()) {
         for (SequenceLoader &sequence : m_sequences)
             sequence.finish();
-        m_network.finish();
+        m_network.finish(*m_project->projectCommon());
     }
     m_report.close();
     return m_report.hasFailed() ? nullptr : m_project.release();
@@ -195,8 +195,6 @@ void ProjectReader::readSceneParts(TUScene &scene)
         else
             skipUnknown();
     }
-    if (!hasRoot)
-        m_network.addNode(scene.getRootGroup(), scene.sceneId(), 1);
 }
 
 void ProjectReader::readSequence(TUScene &scene)

@@ -12,6 +12,7 @@
 #include <QString>
 #include <QXmlStreamReader>
 
+#include <deque>
 #include <memory>
 #include <vector>
 
@@ -78,8 +79,8 @@ private:
     QXmlStreamReader m_xml;
     std::unique_ptr<SC_Project> m_project;
     NetworkLoader m_network;
-    std::vector<SequenceLoader> m_sequences;
-    UT_IdTable<bool> m_ids; // given to something
+    std::deque<SequenceLoader> m_sequences; // one for each shot, and not moved to grow
+    UT_IdTable<bool> m_ids;                 // given to something
     struct NewRecords {
         std::vector<const PIO_Metadata *> originals; // the project's
         qint64 size = 0;                             // of their text

@@ -13,6 +13,7 @@
 
 #include <algorithm>
 #include <memory>
+#include <optional>
 #include <utility>
 
 namespace keys = ProjectFileKeys;
@@ -41,7 +42,7 @@ void SequenceLoader::addBlock(Kind kind, const ElementAttributes &attributes)
     Block block;
     block.kind = kind;
     block.place = attributes.place();
-    block.transition = std::exchange(m_pending, std::nullopt);
+    block.transition = std::move(m_pending);
     const auto from = attributes.findFrames(keys::from);
     const auto frames = attributes.findFrames(keys::frames);
     const auto object = attributes.findId(keys::object);
@@ -72,7 +73,8 @@ void SequenceLoader::addTransition(const ElementAttributes &attributes)
 {
     if (m_pending)
         refuse(*m_pending, QStringLiteral("it leads into no block"));
-    Transition transition;
+    m_pending = std::make_unique<Transition>();
+    Transition &transition = *m_pending;
     transition.place = attributes.place();
     const auto id = attributes.findId(keys::id);
     const auto from = attributes.findFrames(keys::from);
@@ -86,7 +88,6 @@ void SequenceLoader::addTransition(const ElementAttributes &attributes)
     transition.type = attributes.readInt(keys::type, 0);
     transition.angle = attributes.readInt(keys::angle, 0);
     transition.reverse = attributes.readBool(keys::reverse, false);
-    m_pending = transition;
 }
 
 void SequenceLoader::finish()
@@ -113,7 +114,7 @@ void SequenceLoader::finish()
         if (!conflictOf(block).isEmpty())
             refuse(block, QStringLiteral("its scene is placed already"));
         else if (insert(block))
-            m_blocks.push_back(block);
+            m_blocks.push_back(std::move(block));
     }
     // Edits kept the warps of slope 1; now they get their very numbers.
     for (Block &block : m_blocks) {
@@ -163,25 +164,27 @@ void SequenceLoader::sortOut()
 
     QSet<qint64> told;
     const auto isTold = [&told](const SC_Id &id) { return !id.isNull() && told.contains(id.value()); };
-    const auto isRefused = [&](const Block &block) {
-        if (block.kind == Kind::Empty)
-            return false;
-        const QString conflict = conflictOf(block);
-        const bool isDoubled = isTold(block.object) || isTold(block.scene);
+    auto kept = m_blocks.begin();
+    for (Block &block : m_blocks) {
+        const bool isEmpty = block.kind == Kind::Empty;
+        const QString conflict = isEmpty ? QString() : conflictOf(block);
+        const bool isDoubled = !isEmpty && (isTold(block.object) || isTold(block.scene));
         if (conflict.isEmpty() && !isDoubled) {
             told.insert(block.object.value());
             told.insert(block.scene.value());
-            return false;
+            if (&*kept != &block)
+                *kept = std::move(block);
+            ++kept;
+            continue;
         }
-        if (conflict.isEmpty())
-            m_doubled.push_back(block);
-        else
+        if (!conflict.isEmpty())
             refuse(block, conflict);
         if (block.transition)
             refuse(*block.transition, QStringLiteral("the block it leads into was left out"));
-        return true;
-    };
-    m_blocks.erase(std::remove_if(m_blocks.begin(), m_blocks.end(), isRefused), m_blocks.end());
+        if (conflict.isEmpty())
+            m_doubled.push_back(std::move(block));
+    }
+    m_blocks.erase(kept, m_blocks.end());
 }
 
 /// Finds for each block the frames up to its cuts.

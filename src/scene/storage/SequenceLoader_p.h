@@ -3,7 +3,7 @@
 #include "scene/base/SC_Id.h"
 #include "scene/storage/LoadReport_p.h"
 
-#include <optional>
+#include <memory>
 #include <vector>
 
 class AT_TimeWarpSeq;
@@ -50,7 +50,7 @@ private:
         unsigned int to = 0;
         double start = 0.0;
         double end = 0.0;
-        std::optional<Transition> transition; // the one that leads into it
+        std::unique_ptr<Transition> transition; // the one that leads into it, as few have
         FilePlace place;
         // While it is put in:
         unsigned int cutFrom = 0;
@@ -74,5 +74,5 @@ private:
     LoadReport &m_report;
     std::vector<Block> m_blocks;
     std::vector<Block> m_doubled; // place what an earlier block places
-    std::optional<Transition> m_pending;
+    std::unique_ptr<Transition> m_pending;
 };

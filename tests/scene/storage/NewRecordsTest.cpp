@@ -2,6 +2,8 @@
 #include "scene/metadata/PIO_MetadataString.h"
 #include "scene/metadata/PIO_MetadataUnknown.h"
 #include "scene/metadata/PIO_Metadatas.h"
+#include "scene/network/MO_Module.h"
+#include "scene/network/MO_Port.h"
 #include "scene/network/TUGroup.h"
 #include "scene/session/SC_Project.h"
 #include "scene/session/TUScene.h"
@@ -271,4 +273,18 @@ TEST(PlainThings, AreNotWritten)
         "<scene object=\"5\" scene=\"6\"><node class=\"group\" number=\"1\" name=\"Top\" locked=\"true\"/></scene>"
         "<scene object=\"7\" scene=\"8\"><node class=\"group\" number=\"1\" name=\"Else\"/></scene></plotka>");
     EXPECT_EQ(textOf(*open(board.file()).project), textOf(board.project()));
+}
+
+TEST(PlainThings, AreFoundByLinksAllTheSame)
+{
+    Board board;
+    TUScene *const plain = board.project().addScene();
+    auto *const node = new MO_Module(sceneOf(board.project(), 0).sceneCommon(), text("BLUR"), text("blur"));
+    ASSERT_TRUE(sceneOf(board.project(), 0).getRootGroup()->addNode(UT_SharedPtr<MO_Node>(node)));
+    ASSERT_TRUE(node->inPort(0)->connect(plain->getRootGroup()->outPort()));
+    const QByteArray file = board.file();
+    EXPECT_FALSE(file.contains("name=\"Top\"/>"));
+    const Opened back = open(file);
+    EXPECT_EQ(back.report, "");
+    EXPECT_EQ(textOf(*back.project), textOf(board.project()));
 }
