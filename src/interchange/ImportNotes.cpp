@@ -21,12 +21,13 @@ void ImportNotes::loss(const char *code, const QString &item, const QString &mes
 
 std::vector<ImportNote> ImportNotes::take()
 {
-    for (auto it = m_counts.cbegin(); it != m_counts.cend(); ++it) {
-        if (it->count <= mostOfOneCode)
+    for (auto kind = m_counts.cbegin(); kind != m_counts.cend(); ++kind) {
+        const int more = kind.value() - mostOfOneKind;
+        if (more <= 0)
             continue;
-        const QString text = QCoreApplication::translate("ImportNotes", "and %1 more of this kind");
-        const int more = it->count - mostOfOneCode;
-        m_notes.push_back({it->severity, it.key(), QString(), text.arg(more), more});
+        const auto &[code, severity] = kind.key();
+        const QString text = QCoreApplication::translate("ImportNotes", "and %1 more of this kind").arg(more);
+        m_notes.push_back({severity, code, QString(), text, more});
     }
     m_counts.clear();
     return std::exchange(m_notes, {});
@@ -34,12 +35,9 @@ std::vector<ImportNote> ImportNotes::take()
 
 void ImportNotes::add(ImportNote::Severity severity, const char *code, const QString &item, const QString &message)
 {
-    const QString key = QString::fromLatin1(code);
-    Count &count = m_counts[key];
-    count.severity = severity;
-    const ImportNote note{severity, key, item, message};
+    const ImportNote note{severity, QString::fromLatin1(code), item, message};
     if (m_listener)
         m_listener(note);
-    if (++count.count <= mostOfOneCode)
+    if (++m_counts[{note.code, severity}] <= mostOfOneKind)
         m_notes.push_back(note);
 }

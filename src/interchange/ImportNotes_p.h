@@ -7,12 +7,12 @@
 #include <utility>
 #include <vector>
 
-/// Collects notes, and of each code no more than a reader can take in: what goes beyond is counted
-/// and told in one closing note of the same code.
+/// Collects notes, and of each code and severity no more than a reader can take in: what goes beyond is counted and told
+/// in one closing note of the same code and severity, so that no number of lesser notes hides a loss.
 class ImportNotes
 {
 public:
-    static constexpr int mostOfOneCode = 100;
+    static constexpr int mostOfOneKind = 100;
 
     ImportNotes() = default;
     /// @p listener, unless it is empty, hears every note when it comes, those too that are only counted.
@@ -26,14 +26,11 @@ public:
     std::vector<ImportNote> take();
 
 private:
-    struct Count {
-        ImportNote::Severity severity = ImportNote::Info;
-        int count = 0;
-    };
+    using Kind = std::pair<QString, ImportNote::Severity>; // its code comes first
 
     void add(ImportNote::Severity severity, const char *code, const QString &item, const QString &message);
 
     ImportNoteListener m_listener;
     std::vector<ImportNote> m_notes;
-    QMap<QString, Count> m_counts;
+    QMap<Kind, int> m_counts;
 };

@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include <map>
+
 using namespace CutText;
 
 namespace
@@ -375,4 +377,19 @@ TEST(OtioNotes, CountWhatNobodyWouldRead)
     EXPECT_EQ(print({reading.notes.back()}), "info source-in-point: : and 150 more of this kind\n");
     EXPECT_EQ(reading.notes.front().count, 1);
     EXPECT_EQ(reading.notes.back().count, 150);
+}
+
+TEST(OtioNotes, HideNoLossBehindLesserNotesOfItsCode)
+{
+    std::vector<QJsonObject> items(101, gap(0));
+    for (int i = 0; i < 103; ++i)
+        items.push_back(clip("A", 0.001));
+    items.push_back(gap(0));
+    items.push_back(clip("B", 5));
+    std::map<ImportNote::Severity, int> noted;
+    for (const ImportNote &note : read(timeline({track(items)})).notes) {
+        if (note.code == QLatin1String("no-frame"))
+            noted[note.severity] += note.count;
+    }
+    EXPECT_EQ(noted, (std::map<ImportNote::Severity, int>{{ImportNote::Info, 102}, {ImportNote::Loss, 103}}));
 }

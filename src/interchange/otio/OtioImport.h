@@ -16,7 +16,7 @@ struct OtioOptions {
     /// Frames per second of the storyboard instead of those of the file.
     bool hasRate = false;
     UT_FrameRate rate;
-    /// Hears every note when it comes. What is answered holds but the first of each code.
+    /// Hears every note when it comes. What is answered holds but the first of each code and severity.
     ImportNoteListener onNote;
 };
 
