@@ -31,9 +31,11 @@ QString quoted(QString text)
     return u'"' + text + u'"';
 }
 
+/// True for what one spreadsheet or another runs: some go on behind white space, some take the wide forms of the signs.
 bool isFormula(const QString &text)
 {
-    return !text.isEmpty() && QStringLiteral("=+-@\t\r").contains(text.front());
+    static const QString beginnings = QStringLiteral("=+-@\t\r\n\uFF1D\uFF0B\uFF0D\uFF20");
+    return !text.isEmpty() && beginnings.contains(text.front());
 }
 
 } // namespace

@@ -8,8 +8,8 @@
 class PLOTKA_LISTING_EXPORT CsvWriter
 {
 public:
-    /// A spreadsheet takes a text that begins with = + - @, a tab or a carriage return for something to run. Guarded, it
-    /// has an apostrophe before it.
+    /// A spreadsheet takes a text that begins with = + - @, their wide forms, a tab or a line end for something to run.
+    /// Guarded, it has an apostrophe before it.
     enum Formulas { AsTheyAre, Guarded };
 
     explicit CsvWriter(Formulas formulas = AsTheyAre) : m_formulas(formulas) {}

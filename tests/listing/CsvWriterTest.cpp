@@ -32,9 +32,10 @@ TEST(CsvWriter, WritesWhatActsOnATerminalAsAnEscape)
 
 TEST(CsvWriter, GuardsTextsThatASpreadsheetWouldRun)
 {
-    for (const char *text : {"=1", "+1", "-1", "@a", "\ta"})
-        EXPECT_EQ(written(QLatin1String(text), CsvWriter::Guarded), std::string("'") + text + "\n");
+    for (const char *text : {"=1", "+1", "-1", "@a", "\ta", "\uFF1D1", "\uFF0B1", "\uFF0D1", "\uFF20a"})
+        EXPECT_EQ(written(QString::fromUtf8(text), CsvWriter::Guarded), std::string("'") + text + "\n");
     EXPECT_EQ(written(QStringLiteral("\ra"), CsvWriter::Guarded), "\"'\ra\"\n");
+    EXPECT_EQ(written(QStringLiteral("\n=1"), CsvWriter::Guarded), "\"'\n=1\"\n");
     EXPECT_EQ(written(QStringLiteral("=1,2"), CsvWriter::Guarded), "\"'=1,2\"\n");
     EXPECT_EQ(written(QStringLiteral("a=1"), CsvWriter::Guarded), "a=1\n");
     EXPECT_EQ(written(QString(), CsvWriter::Guarded), "\n");
