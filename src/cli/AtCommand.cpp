@@ -17,6 +17,7 @@
 #include <QCommandLineParser>
 #include <QFile>
 
+#include <algorithm>
 #include <cstdio>
 #include <limits>
 #include <utility>
@@ -79,25 +80,26 @@ void writeAnswer(JsonWriter &json, const FrameAnswer &answer)
     json.endObject();
 }
 
-QString nameText(const TimelineItem &item)
-{
-    if (item.id.isNull())
-        return CliText::tr("nothing");
-    const QString id = CliText::tr("id %1").arg(item.id.AsString());
-    return item.name.isEmpty() ? id : QStringLiteral("%1 (%2)").arg(item.name, id);
-}
-
 QString placeText(const TimelineItem &item)
 {
     return CliText::tr("frames %1-%2").arg(item.firstFrame).arg(item.lastFrame);
 }
 
-QString itemText(const std::optional<TimelineItem> &item)
+/// Of the parts of a text only the name gives way where @p width columns have no room for all.
+QString itemText(const std::optional<TimelineItem> &item, int width)
 {
+    constexpr int narrowestName = 8;
     if (!item)
         return QStringLiteral("-");
-    const QString text = CliText::tr("%1, %2").arg(nameText(*item), placeText(*item));
-    return item->isEnabled ? text : CliText::tr("%1, off").arg(text);
+    const QString place = item->isEnabled ? placeText(*item) : CliText::tr("%1, off").arg(placeText(*item));
+    if (item->id.isNull())
+        return CliText::tr("nothing, %1").arg(place);
+    const QString id = CliText::tr("id %1").arg(item->id.AsString());
+    if (item->name.isEmpty())
+        return CliText::tr("%1, %2").arg(id, place);
+    const QString rest = CliText::tr(" (%1), %2").arg(id, place);
+    const int room = std::max(narrowestName, width - DisplayWidth::of(rest));
+    return DisplayWidth::fitted(DisplayWidth::printable(item->name), room) + rest;
 }
 
 QString frameText(unsigned int frame)
@@ -105,13 +107,13 @@ QString frameText(unsigned int frame)
     return frame > 0 ? QString::number(frame) : QStringLiteral("-");
 }
 
-QString valueText(const FrameAnswer::Side &side, int row)
+QString valueText(const FrameAnswer::Side &side, int row, int width)
 {
     switch (row) {
     case 0:
-        return itemText(side.shot);
+        return itemText(side.shot, width);
     case 1:
-        return itemText(side.panel);
+        return itemText(side.panel, width);
     case 2:
         return frameText(side.shotFrame);
     case 3:
@@ -121,23 +123,48 @@ QString valueText(const FrameAnswer::Side &side, int row)
     }
 }
 
-/// Shots and panels, in two columns where a transition gives two answers.
+/// A look at the frame from one side.
+struct Look {
+    QString title;
+    const FrameAnswer::Side *side;
+};
+
+/// Shots and panels, a column for each look.
+QStringList lookLines(const std::vector<Look> &looks, int width)
+{
+    const QStringList titles = {CliText::tr("shot"), CliText::tr("panel"), CliText::tr("shot frame"),
+        CliText::tr("timed value frame"), CliText::tr("panel frame")};
+    int titleWidth = 0;
+    for (const QString &title : titles)
+        titleWidth = std::max(titleWidth, DisplayWidth::of(title));
+    const int lookWidth = (width - titleWidth) / static_cast<int>(looks.size()) - TextTable::spaceBetween;
+
+    std::vector<TextTable::Column> columns(1);
+    for (const Look &look : looks)
+        columns.push_back({look.title});
+    TextTable table(columns);
+    for (int row = 0; row < titles.size(); ++row) {
+        QStringList cells = {titles[row]};
+        for (const Look &look : looks)
+            cells += valueText(*look.side, row, lookWidth);
+        table.addRow(cells);
+    }
+    return table.lines(width);
+}
+
+/// Shots and panels; where a transition gives two answers beside one another, or below where there is no room.
 QStringList sideLines(const FrameAnswer &answer, int width)
 {
     const bool isOneAnswer =
         answer.backward.shot && answer.forward.shot && answer.backward.shot->id == answer.forward.shot->id;
-    TextTable table(
-        {{QString()}, {isOneAnswer ? QString() : CliText::tr("backward"), TextTable::Left, /*mayBeCut*/ true},
-            {isOneAnswer ? QString() : CliText::tr("forward"), TextTable::Left, /*mayBeCut*/ true}});
-    const QStringList titles = {CliText::tr("shot"), CliText::tr("panel"), CliText::tr("shot frame"),
-        CliText::tr("timed value frame"), CliText::tr("panel frame")};
-    for (int row = 0; row < titles.size(); ++row) {
-        QStringList cells = {titles[row], valueText(answer.backward, row)};
-        if (!isOneAnswer)
-            cells += valueText(answer.forward, row);
-        table.addRow(cells);
-    }
-    return table.lines(width);
+    if (isOneAnswer)
+        return lookLines({{QString(), &answer.backward}}, width);
+    const Look backward{CliText::tr("backward"), &answer.backward};
+    const Look forward{CliText::tr("forward"), &answer.forward};
+    const QStringList beside = lookLines({backward, forward}, width);
+    const bool hasRoom = std::all_of(
+        beside.begin(), beside.end(), [width](const QString &line) { return DisplayWidth::of(line) <= width; });
+    return hasRoom ? beside : lookLines({backward}, width) + QStringList{QString()} + lookLines({forward}, width);
 }
 
 QString peopleText(const FrameAnswer &answer)
@@ -155,8 +182,8 @@ QString peopleText(const FrameAnswer &answer)
                              .arg(QString::number(answer.frame), QString::number(answer.frameCount), timecode)};
     const int width = Console::outputWidth();
     if (answer.transition) {
-        const QString name = DisplayWidth::printable(itemText(answer.transition));
-        lines += CliText::tr("on the transition %1").arg(name);
+        const QString text = CliText::tr("on the transition %1");
+        lines += text.arg(itemText(answer.transition, width - DisplayWidth::of(text.arg(QString()))));
     }
     if (answer.gap) {
         lines += answer.gap->shotId.isNull()

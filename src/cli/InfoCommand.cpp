@@ -162,7 +162,7 @@ QString jsonText(const Info &info)
 
 QString tableText(const Info &info)
 {
-    TextTable table({{}, {QString(), TextTable::Left, /*mayBeCut*/ true}});
+    TextTable table({{}, {}}); // nothing is cut: half a path or rate is none
     table.addRow({CliText::tr("name"), info.name});
     table.addRow({CliText::tr("file"), info.file});
     table.addRow({CliText::tr("rate"), info.rate.asString()});

@@ -7,7 +7,6 @@
 namespace
 {
 
-constexpr int spaceBetween = 2;
 constexpr int narrowestColumn = 8;
 
 QString withoutSpacesAtEnd(QString text)
@@ -20,9 +19,9 @@ QString withoutSpacesAtEnd(QString text)
 /// Of a line of columns with these widths; one of 0 columns is not shown.
 int lineWidth(const std::vector<int> &widths)
 {
-    int sum = -spaceBetween;
+    int sum = -TextTable::spaceBetween;
     for (const int width : widths)
-        sum += width > 0 ? width + spaceBetween : 0;
+        sum += width > 0 ? width + TextTable::spaceBetween : 0;
     return sum;
 }
 

@@ -10,6 +10,8 @@
 class TextTable
 {
 public:
+    static constexpr int spaceBetween = 2; ///< columns, between two of the table
+
     enum Alignment { Left, Right };
 
     struct Column {

@@ -173,6 +173,16 @@ TEST_F(AtCommand, PrintsForPeople)
     expectGolden("cli/at_outside.txt", at(QStringLiteral("0")).output.toStdString());
 }
 
+TEST_F(AtCommand, ShortensNamesAlone)
+{
+    Storyboard board("A(24)");
+    board.nameShot(0, std::string(300, 'n'));
+    use(board);
+    EXPECT_TRUE(
+        askFor({QStringLiteral("5")})
+            .output.contains(("shot               " + std::string(60, 'n') + "… (id 3), frames 1-24\n").c_str()));
+}
+
 TEST_F(AtCommand, PrintsJson)
 {
     expectGolden("cli/at_transition.json", at(QStringLiteral("35"), {QStringLiteral("--json")}).output.toStdString());

@@ -82,6 +82,13 @@ TEST(InfoCommand, PrintsForPeople)
     expectGolden("cli/info.txt", run.output.toStdString());
 }
 
+TEST(InfoCommand, CutsNothing)
+{
+    const ProjectFolder folder;
+    const QString file = folder.save(Storyboard("A(24)"), QStringLiteral("long").repeated(40));
+    EXPECT_TRUE(runPlotka({QStringLiteral("info"), file}).output.contains(file.toUtf8() + '\n'));
+}
+
 TEST(InfoCommand, TellsAboutAnEmptyProject)
 {
     const ProjectFolder folder;

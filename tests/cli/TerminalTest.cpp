@@ -153,6 +153,31 @@ TEST(Terminal, LosesColumnsOfTheTableWhereItIsNarrow)
     }
 }
 
+TEST(Terminal, SeesBothSidesOfATransitionBelowOneAnotherWhereItIsNarrow)
+{
+    const ProjectFolder folder;
+    Storyboard board("Opening(30) ~4+6~ Street(34)");
+    board.nameShot(1, "a name that is much longer than the terminal has room for");
+    const QString file = folder.save(board);
+    const std::pair<unsigned short, const char *> answers[] = {
+        {80,
+            "                   backward                     forward\n"
+            "shot               Opening (id 3), frames 1-30  a name … (id 7), frames 21-54\n"},
+        {56,
+            "                   backward\n"
+            "shot               Opening (id 3), frames 1-30\n"},
+        {56,
+            "                   forward\n"
+            "shot               a name that is … (id 7), frames 21-54\n"}};
+    for (const auto &[columns, text] : answers) {
+        const Terminal terminal(columns);
+        if (!terminal.isOpen())
+            GTEST_SKIP() << "no terminal can be made here";
+        const QByteArray output = terminal.run({QStringLiteral("at"), file, QStringLiteral("22")});
+        EXPECT_TRUE(output.contains(text)) << output.toStdString();
+    }
+}
+
 TEST(Terminal, SeesThatWorkTakesLongerThanASecondUntilItIsDone)
 {
     const ProjectFolder folder;
