@@ -58,10 +58,17 @@ struct Order {
     bool waits = false;
 };
 
-/// True for a loss that nobody accepts.
-bool isMissed(const ImportNote &note, const Order &order)
+/// The codes of losses that nobody accepts, sorted.
+QStringList missedCodes(const std::vector<ImportNote> &notes, const Order &order)
 {
-    return note.severity == ImportNote::Loss && !order.accepted.contains(note.code);
+    QStringList codes;
+    for (const ImportNote &note : notes) {
+        if (note.severity == ImportNote::Loss && !order.accepted.contains(note.code))
+            codes += note.code;
+    }
+    codes.removeDuplicates();
+    codes.sort();
+    return codes;
 }
 
 /// Last, so that it is not scrolled away: a project that shows nothing is hardly what was wanted.
@@ -208,18 +215,18 @@ ExitCode import(const Order &order)
     };
     const auto &notes = imported.notes;
     const bool hasNoShot = std::any_of(notes.begin(), notes.end(), isEmptied);
-    const bool isLossy =
-        std::any_of(notes.begin(), notes.end(), [&order](const ImportNote &note) { return isMissed(note, order); });
+    const QStringList missed = missedCodes(notes, order);
     const ImportReport report(std::move(imported.notes));
-    if (order.isStrict && isLossy) {
-        report.tell(ImportNote::Loss);
-        Console::tell(CliText::tr("nothing is written, since something would be lost"));
+    if (order.isStrict && !missed.isEmpty()) {
+        report.tell(ImportNote::Loss, CliText::tr("--report FILE writes them all, without --strict"));
+        Console::tell(CliText::tr("nothing is written, since something would be lost; the codes of the losses are %1")
+                          .arg(missed.join(QStringLiteral(", "))));
         return ExitCode::SomethingLost;
     }
     const ExitCode code = save(*session, folder, reportFile, order);
     session->releaseProject();
     if (code == ExitCode::Done)
-        report.tell(ImportNote::Change);
+        report.tell(ImportNote::Change, CliText::tr("--report FILE writes them all"));
     if (hasNoShot && code == ExitCode::Done)
         warnOfAnEmptyTimeline();
     return code;

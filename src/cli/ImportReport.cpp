@@ -35,7 +35,7 @@ int ImportReport::count(ImportNote::Severity severity) const
     return sum;
 }
 
-void ImportReport::tell(ImportNote::Severity atLeast) const
+void ImportReport::tell(ImportNote::Severity atLeast, const QString &remedy) const
 {
     if (m_notes.empty())
         return;
@@ -54,5 +54,5 @@ void ImportReport::tell(ImportNote::Severity atLeast) const
         }
     }
     if (untold > 0)
-        Console::tell(CliText::tr("and %1 more; --report FILE writes them all").arg(untold));
+        Console::tell(CliText::tr("and %1 more; %2").arg(QString::number(untold), remedy));
 }

@@ -15,7 +15,8 @@ public:
     int count(ImportNote::Severity severity) const;
 
     /// How much there is to tell, and the first of those that are at least as severe as @p atLeast, on standard error.
-    void tell(ImportNote::Severity atLeast) const;
+    /// @p remedy says how to see the rest.
+    void tell(ImportNote::Severity atLeast, const QString &remedy) const;
 
 private:
     std::vector<ImportNote> m_notes;

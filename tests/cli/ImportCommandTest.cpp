@@ -321,6 +321,29 @@ TEST_F(ImportCommand, WritesNothingUnderStrictWhenSomethingIsLost)
     EXPECT_EQ(import(cut(cutOf("Night")), {QStringLiteral("--strict")}).exitCode, 0);
 }
 
+TEST_F(ImportCommand, NamesTheLossesThatStandInTheWayUnderStrict)
+{
+    const QString input = cut(emptiedCut);
+    const QByteArray refusal =
+        "plotka: nothing is written, since something would be lost; the codes of the losses are ";
+    const CommandRun all = import(input, {QStringLiteral("--strict")});
+    EXPECT_TRUE(all.errors.endsWith(refusal + "empty-timeline, trimmed-away\n")) << all.errors.toStdString();
+    const CommandRun rest =
+        import(input, {QStringLiteral("--strict"), QStringLiteral("--accept"), QStringLiteral("trimmed-away")});
+    EXPECT_TRUE(rest.errors.endsWith(refusal + "empty-timeline\n")) << rest.errors.toStdString();
+}
+
+TEST_F(ImportCommand, SaysHowToSeeTheRestWhereStrictWritesNoReport)
+{
+    const QByteArray clip = R"({"OTIO_SCHEMA": "Clip.2", "effects": 7, "source_range": {"duration":
+ {"rate": 24, "value": 8}}})";
+    const CommandRun run =
+        import(cut(R"({"OTIO_SCHEMA": "Track.1", "children": [)" + (clip + ", ").repeated(20) + clip + "]}"),
+            {QStringLiteral("--strict")});
+    EXPECT_TRUE(run.errors.contains("plotka: and 1 more; --report FILE writes them all, without --strict\n"))
+        << run.errors.toStdString();
+}
+
 TEST_F(ImportCommand, LosesNothingThatItKeeps)
 {
     const CommandRun run = import(cut(cutOf("Night", keptFields)), {QStringLiteral("--strict")});
