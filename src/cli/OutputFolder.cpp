@@ -9,7 +9,10 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstdio>
+#include <iterator>
+#include <memory>
 
+#include <dirent.h>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -33,6 +36,34 @@ bool isThere(const QString &path)
 {
     const QFileInfo info(path);
     return info.exists() || info.isSymLink();
+}
+
+enum class Kind { None, Folder, Other };
+
+/// What has that name, in one look: between two of them another process may make a folder, or take it away.
+Kind kindOf(const QString &path)
+{
+    const QByteArray name = QFile::encodeName(path);
+    struct stat status = {};
+    if (stat(name.constData(), &status) == 0)
+        return S_ISDIR(status.st_mode) ? Kind::Folder : Kind::Other;
+    const bool isLinkToNothing = lstat(name.constData(), &status) == 0 && S_ISLNK(status.st_mode);
+    return isLinkToNothing ? Kind::Other : Kind::None;
+}
+
+/// Whether nothing lies in the folder but a stage. A name counts also where no text can hold it, and a folder that nobody may
+/// look into counts as full.
+bool isEmpty(const QString &folder)
+{
+    const std::unique_ptr<DIR, int (*)(DIR *)> entries(opendir(QFile::encodeName(folder).constData()), closedir);
+    if (!entries)
+        return errno == ENOENT;
+    const QByteArray passedOver[] = {".", "..", QFile::encodeName(stageName)};
+    while (const dirent *entry = readdir(entries.get())) {
+        if (std::find(std::begin(passedOver), std::end(passedOver), entry->d_name) == std::end(passedOver))
+            return false;
+    }
+    return true;
 }
 
 /// The first of "file~", "file~2", "file~3" ... that nobody has: what is aside already stays.
@@ -72,11 +103,9 @@ OutputFolder::~OutputFolder()
 
 bool OutputFolder::isTaken() const
 {
-    if (!QFileInfo(m_path).isDir())
-        return isThere(m_path);
-    QStringList entries = QDir(m_path).entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);
-    entries.removeAll(stageName);
-    return !entries.isEmpty();
+    if (const Kind kind = kindOf(m_path); kind != Kind::Folder)
+        return kind == Kind::Other;
+    return !isEmpty(m_path);
 }
 
 OutputFolder::Access OutputFolder::prepare(Existing existing, SC_FolderLock::Wait wait)
@@ -93,7 +122,11 @@ OutputFolder::Access OutputFolder::prepare(Existing existing, SC_FolderLock::Wai
         m_madeFolders.clear(); // they are in use
         return Access::Busy;
     }
-    if (outcome != SC_FolderLock::Outcome::Taken)
+    if (outcome == SC_FolderLock::Outcome::Gone) {
+        m_problem = CliText::tr("the folder %1 cannot be made: it is gone again at once").arg(m_path);
+        return Access::Failed;
+    }
+    if (outcome == SC_FolderLock::Outcome::Failed)
         m_warning =
             CliText::tr("%1 cannot be locked (%2): nothing else may write there now").arg(m_path, m_lock.error());
     // Asked only now: before, another process could still have been writing.
@@ -149,21 +182,23 @@ bool OutputFolder::swapIn()
 bool OutputFolder::makeFolders()
 {
     QStringList missing;
-    for (QString path = QDir::cleanPath(QDir(m_path).absolutePath()); !QFileInfo(path).isDir();
-         path = QFileInfo(path).path()) {
-        if (isThere(path)) {
-            m_problem = CliText::tr("%1 is no folder").arg(path);
-            return false;
-        }
+    QString path = QDir::cleanPath(QDir(m_path).absolutePath());
+    Kind kind = kindOf(path);
+    for (; kind == Kind::None; kind = kindOf(path)) {
         missing.prepend(path);
+        path = QFileInfo(path).path();
     }
-    for (const QString &path : std::as_const(missing)) {
-        if (mkdir(QFile::encodeName(path).constData(), 0777) == 0)
-            m_madeFolders += path;
+    if (kind == Kind::Other) {
+        m_problem = CliText::tr("%1 is no folder").arg(path);
+        return false;
+    }
+    for (const QString &folder : std::as_const(missing)) {
+        if (mkdir(QFile::encodeName(folder).constData(), 0777) == 0)
+            m_madeFolders += folder;
         else if (errno == ENOENT)
             return true; // the one above has gone again; whoever locks this one finds out
         else if (errno != EEXIST)
-            return fail(CliText::tr("the folder %1 cannot be made").arg(path));
+            return fail(CliText::tr("the folder %1 cannot be made").arg(folder));
     }
     return true;
 }

@@ -6,6 +6,12 @@
 
 #include <gtest/gtest.h>
 
+#include <atomic>
+#include <thread>
+
+#include <sys/stat.h>
+#include <unistd.h>
+
 namespace
 {
 
@@ -199,4 +205,62 @@ TEST_F(OutputFolderOnDisk, DoesNothingBeforeItIsPrepared)
     write(oldProject, "old");
     EXPECT_TRUE(OutputFolder(folder()).isTaken());
     EXPECT_EQ(files(), QStringList{oldProject});
+}
+
+TEST_F(OutputFolderOnDisk, IsTakenByWhatNoTextCanName)
+{
+    OutputFolder output(folder());
+    EXPECT_FALSE(output.isTaken());
+    ASSERT_EQ(mkdir(QFile::encodeName(path(QStringLiteral(".plotka-new"))).constData(), 0700), 0);
+    EXPECT_FALSE(output.isTaken()) << "that is what one left behind who died";
+    const QByteArray foreign = QFile::encodeName(path(QStringLiteral("caf"))) + "\xE9.plotka";
+    ASSERT_EQ(mkdir(foreign.constData(), 0700), 0);
+    EXPECT_TRUE(output.isTaken());
+    EXPECT_EQ(output.prepare(OutputFolder::Existing::Refuse), OutputFolder::Access::Exists);
+    EXPECT_EQ(rmdir(foreign.constData()), 0) << "the test's folder cannot name it";
+}
+
+TEST_F(OutputFolderOnDisk, IsNoFolderWhereAFileOrALinkToNothingIs)
+{
+    write(QStringLiteral("file"), "old");
+    ASSERT_EQ(symlink("nowhere", QFile::encodeName(path(QStringLiteral("link"))).constData()), 0);
+    for (const char *name : {"file", "link", "file/in", "link/in"}) {
+        OutputFolder output(path(QString::fromLatin1(name)));
+        EXPECT_EQ(output.prepare(OutputFolder::Existing::Replace), OutputFolder::Access::Failed) << name;
+        EXPECT_EQ(output.problem(), path(QString::fromLatin1(name).left(4)) + QStringLiteral(" is no folder"));
+    }
+    EXPECT_EQ(read(QStringLiteral("file")), QByteArray("old"));
+}
+
+// Nothing can be made there, whoever asks.
+TEST_F(OutputFolderOnDisk, FailsWhereAFolderNeverStays)
+{
+    OutputFolder output(QStringLiteral("/proc/no-such-process"));
+    EXPECT_EQ(output.prepare(OutputFolder::Existing::Replace), OutputFolder::Access::Failed);
+    EXPECT_FALSE(output.problem().isEmpty());
+    EXPECT_EQ(output.warning(), QString());
+}
+
+// Others make the folder at the same time, and take it away when they fail. Whoever looks between takes neither for a file.
+TEST_F(OutputFolderOnDisk, IsTakenForNoFileWhileOthersMakeItAndTakeItAway)
+{
+    const QString name = path(QStringLiteral("out"));
+    std::atomic<bool> isDone = false;
+    std::thread other([&] {
+        const QByteArray encoded = QFile::encodeName(name);
+        while (!isDone) {
+            mkdir(encoded.constData(), 0700);
+            rmdir(encoded.constData());
+        }
+    });
+    const OutputFolder looking(name);
+    for (int i = 0; i < 200'000 && !HasFailure(); ++i)
+        EXPECT_FALSE(looking.isTaken());
+    for (int i = 0; i < 1'000 && !HasFailure(); ++i) {
+        OutputFolder output(name);
+        output.prepare(OutputFolder::Existing::Refuse);
+        EXPECT_FALSE(output.problem().contains(QStringLiteral("is no folder"))) << output.problem().toStdString();
+    }
+    isDone = true;
+    other.join();
 }
