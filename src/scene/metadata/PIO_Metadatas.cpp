@@ -4,6 +4,19 @@
 
 #include <algorithm>
 
+namespace
+{
+
+/// With all four texts: there are records whose clone has no name.
+PIO_Metadata *copyOf(const PIO_Metadata &original)
+{
+    PIO_Metadata *const copy = original.clone();
+    copy->PIO_Metadata::operator=(original);
+    return copy;
+}
+
+} // namespace
+
 PIO_Metadatas::~PIO_Metadatas()
 {
     // Taken out and counted first: whoever looks while a record dies sees only records that live.
@@ -31,7 +44,7 @@ void PIO_Metadatas::addShared(const PIO_Metadata *original)
     if (!original)
         return;
     if (m_records.size() >= mostShared)
-        return add(original->clone());
+        return add(copyOf(*original));
     m_shared |= quint64(1) << m_records.size();
     m_records.push_back(const_cast<PIO_Metadata *>(original));
 }
@@ -56,7 +69,8 @@ PIO_Metadata *PIO_Metadatas::own(std::size_t place) const
 {
     Q_ASSERT(place < m_records.size());
     if (isShared(place)) {
-        PIO_Metadata *const copy = m_records[place]->clone();
+        PIO_Metadata *const copy = copyOf(*m_records[place]);
+        copy->m_isHeld = true;
         m_records[place] = copy;
         m_shared &= ~(quint64(1) << place);
     }

@@ -3,6 +3,8 @@
 #include "scene/metadata/PIO_Metadatas.h"
 #include "support/Records.h"
 
+#include <QStringList>
+
 #include <gtest/gtest.h>
 
 #include <memory>
@@ -92,6 +94,19 @@ TEST(SharedRecords, AreFoundByClassAndBecomeOwnAlone)
     EXPECT_TRUE(records.isShared(0));
     EXPECT_FALSE(records.isShared(1));
     EXPECT_EQ(PIO_MetadataAccess<PIO_MetadataInt>(&records, QString()).getOrCreate(), own);
+}
+
+TEST(SharedRecordsDeathTest, AreHeldByOneContainerOnceTheyAreItsOwn)
+{
+    const PlainRecord original(text("a"));
+    PIO_Metadatas records;
+    PIO_Metadatas other;
+    records.addShared(&original);
+    PIO_Metadata *const own = records.own(0);
+    EXPECT_DEBUG_DEATH(records.add(own), "");
+    EXPECT_DEBUG_DEATH(other.add(own), "");
+    EXPECT_EQ(records.view().size(), 1U);
+    EXPECT_EQ(other.view().size(), 0U);
 }
 
 TEST(SharedRecords, IgnoreNullAndCannotBeRemovedByTheirOriginals)
