@@ -405,7 +405,8 @@ void ProjectReader::readNewRecords()
 void ProjectReader::shareNewRecords(TUScene &scene)
 {
     const ElementAttributes attributes(m_xml, m_report);
-    const auto known = m_newRecords.constFind(attributes.findNumber(keys::as).value_or(0));
+    const auto number = attributes.findNumber(keys::as);
+    const auto known = number ? m_newRecords.constFind(*number) : m_newRecords.cend();
     if (known == m_newRecords.cend()) {
         return skipDamaged(QStringLiteral("records of %1").arg(titleOf(scene)),
             QStringLiteral("what they are does not stand before the scene"));

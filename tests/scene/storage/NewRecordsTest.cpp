@@ -228,6 +228,22 @@ TEST(NewRecords, ThatStandNowhereBeforeAreLeftOutAndTold)
     EXPECT_EQ(sceneOf(*opened.project, 1).metadatas()->view().size(), 1U);
 }
 
+TEST(NewRecords, AreNotTakenForThoseWithTheNumberZeroWhereNoNumberIsTold)
+{
+    const Opened opened = open("<plotka format=\"2\" name=\"p\" nextId=\"9\" rate=\"24\" startTimecode=\"0\">\n"
+                               "<newRecords number=\"0\"><metadata type=\"int\"/></newRecords>\n"
+                               "<scene object=\"1\" scene=\"2\">\n"
+                               "<newRecords/>\n"
+                               "<newRecords as=\"x\"/>\n"
+                               "<newRecords as=\"0\"/>\n"
+                               "</scene></plotka>\n");
+    ASSERT_TRUE(opened.project);
+    EXPECT_EQ(opened.report,
+        "p.plotka:4:14: warning: records of scene 1: left out: what they are does not stand before the scene\n"
+        "p.plotka:5:21: warning: records of scene 1: left out: what they are does not stand before the scene\n");
+    EXPECT_EQ(sceneOf(*opened.project, 0).metadatas()->view().size(), 1U);
+}
+
 TEST(NewRecords, CountInEachSceneForTheBoundOfSize)
 {
     const QByteArray large(4 << 20, 'x');
