@@ -99,6 +99,35 @@ ExitCode refuseExisting(const QString &folder)
     return ExitCode::OutputExists;
 }
 
+/// Where the file is or would be, whatever links lead there.
+QString placeOf(const QString &path)
+{
+    const QFileInfo named(path);
+    const QFileInfo file(named.isSymLink() ? named.symLinkTarget() : path);
+    if (file.exists())
+        return file.canonicalFilePath();
+    const QString folder = QFileInfo(file.absolutePath()).canonicalFilePath();
+    return folder.isEmpty() ? QDir::cleanPath(file.absoluteFilePath())
+                            : QDir::cleanPath(folder + u'/' + file.fileName());
+}
+
+/// True for a report that would take the place of the cut, or that of a project in the output folder.
+bool isReportInTheWay(const Order &order)
+{
+    if (order.reportFile.isEmpty())
+        return false;
+    if (QFileInfo(order.reportFile) == QFileInfo(order.input))
+        return true;
+    const QFileInfo report(placeOf(order.reportFile));
+    return report.path() == placeOf(order.folder) && report.fileName().contains(QStringLiteral(".plotka"));
+}
+
+ExitCode refuseReport(const Order &order)
+{
+    return refuseUsage(
+        CliText::tr("import: the report would take the place of another file: %1").arg(order.reportFile));
+}
+
 /// Why the folder cannot be written to; Done when it can.
 ExitCode takeFolder(OutputFolder &folder, const Order &order)
 {
@@ -151,6 +180,8 @@ ExitCode save(PKC_SessionContext &session, OutputFolder &folder, ReportFile &rep
     const QString projectFile = session.project()->projectCommon()->dbSceneData()->filePath();
     if (const ExitCode code = takeFolder(folder, order); code != ExitCode::Done)
         return code;
+    if (isReportInTheWay(order)) // links through a folder that has only now been made
+        return refuseReport(order);
     const auto toldOf = [](const QString &problem) {
         Console::tell(problem);
         return ExitCode::Failed;
@@ -177,18 +208,6 @@ void tellError(const QString &input, const OtioError &error)
         ? QStringLiteral("%1:%2:%3").arg(input, QString::number(error.line), QString::number(error.column))
         : input;
     Console::tell(CliText::tr("%1: error: %2").arg(place, error.message));
-}
-
-/// True for a report that would take the place of the cut, or that of a project in the output folder.
-bool isReportInTheWay(const Order &order)
-{
-    if (order.reportFile.isEmpty())
-        return false;
-    const QFileInfo report(order.reportFile);
-    if (report == QFileInfo(order.input))
-        return true;
-    const bool isInFolder = QDir(order.folder).absolutePath() == QDir::cleanPath(report.absolutePath());
-    return isInFolder && report.fileName().contains(QStringLiteral(".plotka"));
 }
 
 ExitCode import(const Order &order)
@@ -250,8 +269,7 @@ ExitCode runImport(const QCommandLineParser &parser)
             return refuseUsage(CliText::tr("import: names of what is written are in UTF-8"));
     }
     if (isReportInTheWay(order))
-        return refuseUsage(
-            CliText::tr("import: the report would take the place of another file: %1").arg(order.reportFile));
+        return refuseReport(order);
     const QStringList accepted = parser.values(QStringLiteral("accept"));
     if (!accepted.isEmpty() && !parseAccepted(accepted.join(u','), order.accepted))
         return ExitCode::Usage;

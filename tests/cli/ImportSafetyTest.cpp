@@ -221,6 +221,33 @@ TEST_F(ImportSafety, SaysWhyItsOutputCannotBeWritten)
     EXPECT_FALSE(QFileInfo::exists(output()));
 }
 
+// The report is the last to be written, so it would take the place of the new project and nobody would know.
+TEST_F(ImportSafety, LetsNoLinkLeadTheReportToTheProject)
+{
+    const auto link = [this](const QString &target, const char *name) {
+        const QString linkPath = path(QString::fromLatin1(name));
+        EXPECT_TRUE(QFile::link(target, linkPath));
+        return linkPath;
+    };
+    const QString project = output() + QStringLiteral("/Night.plotka");
+    const QString alias = link(path(QString()), "alias");
+    const QString reports[] = {project, link(project, "report.json"), alias + QStringLiteral("/out/Night.plotka")};
+    const QString input = cut("Night", 1);
+    for (const QString &option : {QString(), QStringLiteral("--force")}) { // there is no folder yet, then there is
+        for (const QString &report : reports) {
+            QStringList options{QStringLiteral("--report"), report};
+            if (!option.isEmpty())
+                options += option;
+            EXPECT_EQ(import(input, options).exitCode, 2) << report.toStdString();
+        }
+        EXPECT_EQ(QFileInfo::exists(output()), !option.isEmpty());
+        ASSERT_EQ(import(input, {QStringLiteral("--force")}).exitCode, 0);
+        EXPECT_EQ(info().exitCode, 0);
+    }
+    EXPECT_EQ(
+        import(input, {QStringLiteral("--force"), QStringLiteral("--report"), path(QStringLiteral("r"))}).exitCode, 0);
+}
+
 TEST_F(ImportSafety, ReportsEveryNote)
 {
     const QString report = path(QStringLiteral("report.json"));
