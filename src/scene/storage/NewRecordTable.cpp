@@ -5,6 +5,7 @@
 #include "scene/metadata/PIO_Metadatas.h"
 #include "scene/metadata/PIO_RecordWriter.h"
 #include "scene/storage/ProjectFileKeys_p.h"
+#include "scene/storage/ProjectReader_p.h"
 
 #include <memory>
 
@@ -68,6 +69,8 @@ int NewRecordTable::newOf(const Kind &kind)
     if (!made)
         return m_news[kind] = -1;
     writeText(*made);
+    if (m_scratch.bytes().size() > ProjectReader::newRecordLimit)
+        return m_news[kind] = -1;
     m_texts.push_back(m_scratch.bytes());
     return m_news[kind] = static_cast<int>(m_texts.size()) - 1;
 }

@@ -398,7 +398,10 @@ void ProjectReader::readNewRecords()
         const qint64 from = m_xml.characterOffset();
         if (auto original = readRecord(QStringLiteral("new records %1").arg(*number)))
             read.originals.push_back(m_project->keepOriginal(std::move(original)));
-        read.size += m_xml.characterOffset() - from;
+        const qint64 size = m_xml.characterOffset() - from;
+        if (size > newRecordLimit)
+            return fail(QStringLiteral("a record of new records is longer than %1 bytes").arg(newRecordLimit));
+        read.size += size;
     }
 }
 

@@ -37,6 +37,8 @@ public:
     static constexpr int itemLimit = 8000000;
     /// In bytes: a hundred times what a hundred hours of storyboard take. New records count in each scene that has them.
     static constexpr qint64 sizeLimit = qint64(1) << 30;
+    /// In bytes: what scenes share says next to nothing. Longer ones would make a large project of a small file.
+    static constexpr qint64 newRecordLimit = 4096;
 
     ProjectReader(QByteArray text, const QString &filePath, SC_FileReport &report);
 

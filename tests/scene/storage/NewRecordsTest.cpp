@@ -244,17 +244,36 @@ TEST(NewRecords, AreNotTakenForThoseWithTheNumberZeroWhereNoNumberIsTold)
     EXPECT_EQ(sceneOf(*opened.project, 0).metadatas()->view().size(), 1U);
 }
 
+TEST(NewRecords, AreSmall)
+{
+    const auto with = [](int size) {
+        const QByteArray record = "<metadata type=\"weather\">" + QByteArray(size, 'x') + "</metadata>";
+        return open(
+            "<plotka format=\"2\" name=\"p\" nextId=\"9\" rate=\"24\" startTimecode=\"0\">\n<newRecords number=\"1\">"
+            + record + "</newRecords>\n<scene object=\"1\" scene=\"2\"><newRecords as=\"1\"/></scene></plotka>");
+    };
+    EXPECT_EQ(with(4000).report, "");
+    const Opened trap = with(4096);
+    EXPECT_FALSE(trap.project);
+    EXPECT_NE(trap.report.find("p.plotka:2:"), std::string::npos) << trap.report;
+    EXPECT_NE(trap.report.find("a record of new records is longer than 4096 bytes"), std::string::npos) << trap.report;
+}
+
 TEST(NewRecords, CountInEachSceneForTheBoundOfSize)
 {
-    const QByteArray large(4 << 20, 'x');
-    QByteArray file = "<plotka format=\"2\" name=\"p\" nextId=\"9\" rate=\"24\" startTimecode=\"0\">\n"
-                      "<newRecords number=\"1\"><metadata type=\"weather\">"
-        + large + "</metadata></newRecords>\n<scene object=\"1\" scene=\"2\">";
-    const auto with = [&file](int references) {
-        return file + QByteArray("<newRecords as=\"1\"/>").repeated(references) + "</scene></plotka>";
+    const QByteArray record = "<metadata type=\"weather\">" + QByteArray(4000, 'x') + "</metadata>";
+    const auto with = [&record](int scenes) {
+        QByteArray file =
+            "<plotka format=\"2\" name=\"p\" nextId=\"9\" rate=\"24\" startTimecode=\"0\">\n<newRecords number=\"1\">"
+            + record.repeated(50) + "</newRecords>\n";
+        for (int i = 1; i <= scenes; ++i) {
+            file += "<scene object=\"" + QByteArray::number(2 * i) + "\" scene=\"" + QByteArray::number(2 * i + 1)
+                + "\"><newRecords as=\"1\"/></scene>";
+        }
+        return file + "</plotka>";
     };
-    EXPECT_EQ(open(with(10)).report, "");
-    const Opened trap = open(with(300));
+    EXPECT_EQ(open(with(5000)).report, "");
+    const Opened trap = open(with(6000));
     EXPECT_FALSE(trap.project);
     EXPECT_NE(trap.report.find("the records of all scenes are larger than 1073741824 bytes"), std::string::npos);
 }
