@@ -47,14 +47,28 @@ TUScene *SC_Project::addScene(const SC_Id &objectId, const SC_Id &sceneId)
 
 bool SC_Project::removeScene(TUScene *scene)
 {
-    const auto place = std::find_if(m_scenes.begin(), m_scenes.end(),
-        [scene](const std::unique_ptr<TUScene> &held) { return held.get() == scene; });
+    const auto place = placeOf(scene);
     if (place == m_scenes.end() || place == m_scenes.begin())
         return false;
     takeOut(place);
     if (TUSceneChangeManager *changes = m_projectCommon.changeManager())
         changes->emitSceneChanged();
     return true;
+}
+
+/// Looks from both ends: scenes are mostly removed in one order or the other.
+SC_Project::SceneList::iterator SC_Project::placeOf(const TUScene *scene)
+{
+    auto first = m_scenes.begin();
+    auto last = m_scenes.end();
+    while (first != last) {
+        if (first->get() == scene)
+            return first;
+        ++first;
+        if (first != last && (--last)->get() == scene)
+            return last;
+    }
+    return m_scenes.end();
 }
 
 void SC_Project::takeOut(SceneList::iterator place)

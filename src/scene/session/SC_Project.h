@@ -6,6 +6,7 @@
 #include "scene/metadata/PIO_Metadatas.h"
 #include "scene/session/SC_ProjectCommon.h"
 
+#include <deque>
 #include <memory>
 #include <vector>
 
@@ -43,8 +44,9 @@ public:
     /// @}
 
 private:
-    using SceneList = std::vector<std::unique_ptr<TUScene>>;
+    using SceneList = std::deque<std::unique_ptr<TUScene>>; // taken out near either end without moving all
 
+    SceneList::iterator placeOf(const TUScene *scene);
     void takeOut(SceneList::iterator place);
 
     std::vector<std::unique_ptr<PIO_Metadata>> m_originals; // go after all containers
