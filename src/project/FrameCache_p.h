@@ -52,6 +52,21 @@ public:
         return found;
     }
 
+    /// Lets go of one of the objects; false when there is none.
+    bool letGoOfOne()
+    {
+        while (m_further && m_further->runs.back().empty()) {
+            m_further->runs.pop_back();
+            if (m_further->runs.empty())
+                m_further.reset();
+        }
+        Run &last = m_further ? m_further->runs.back() : m_firstRun;
+        if (last.empty())
+            return false;
+        last.pop_back();
+        return true;
+    }
+
 private:
     struct Entry {
         unsigned int firstFrame;

@@ -51,8 +51,10 @@ Shot_t PKC_PlotkaProject::Private::makeShot(
     const AT_FrameBlock &block, const TUSeqTimedValue *timeline, const TUScene *scene)
 {
     const UT_SharedPtr<ShotPrivate> shot(new ShotPrivate(timeline, scene, nullptr));
-    if (cacheOn && scene)
+    if (cacheOn && scene) {
         caches.shots.insert(block, shot);
+        forgotten.freeSome();
+    }
     return Shot_t(shot.get());
 }
 
@@ -91,7 +93,7 @@ TUSeqTimedValue *PKC_PlotkaProject::topMainTv() const
 {
     if (TUSeqTimedValue *known = d->topMainTv.get())
         return known;
-    d->caches = TimelineCaches(); // of a timeline that has gone; those by scene are filled with the caches off as well
+    d->forget(); // of a timeline that has gone; those by scene are filled with the caches off as well
     const TUScene *top = topScene();
     if (!top)
         return nullptr;
@@ -127,7 +129,7 @@ QString PKC_PlotkaProject::name() const
 
 void PKC_PlotkaProject::invalidate()
 {
-    d->caches = TimelineCaches(); // a fresh state; nothing can be forgotten
+    d->forget();
 }
 
 bool PKC_PlotkaProject::cacheEnabled() const

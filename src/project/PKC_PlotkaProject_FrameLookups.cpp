@@ -147,6 +147,7 @@ Panel_t PKC_PlotkaProject::getPanelIn(const Shot_t &shot, unsigned int shotFrame
     if (d->cacheOn && !foundByNearest) {
         d->caches.panels[panel->id] = panel.get();
         d->caches.panelsOfShot[shot.id()].insert(block.fromFrame(), block.key.frameCount, panel);
+        d->forgotten.freeSome();
     }
     return Panel_t(panel.get());
 }

@@ -5,6 +5,7 @@
 #include "metadata/PKC_DeletedPanels.h"
 #include "metadata/PKC_ProjectLinkInfo.h"
 #include "metadata/PKC_ReferenceToolData.h"
+#include "project/ForgottenCaches_p.h"
 #include "project/PKC_PlotkaProject.h"
 #include "project/RecordAccesses_p.h"
 #include "project/TimelineCaches_p.h"
@@ -16,6 +17,7 @@
 
 #include <atomic>
 #include <set>
+#include <utility>
 
 struct PKC_PlotkaProject::Private {
     explicit Private(SC_Project *ownedProject) : project(ownedProject)
@@ -31,6 +33,9 @@ struct PKC_PlotkaProject::Private {
         return project ? projectRecords.get<Record>(container()) : nullptr;
     }
 
+    /// A new state of the timeline, of which nothing is known.
+    void forget() { forgotten.take(std::exchange(caches, Plotka::TimelineCaches())); }
+
     TUScene *topScene() const;
     TUScene *sceneOf(const AT_FrameBlock &block) const;
 
@@ -44,6 +49,7 @@ struct PKC_PlotkaProject::Private {
     UT_SharedWeakPtr<TUSeqTimedValue> topMainTv; // kept when the caches are dropped
     bool cacheOn = true;
     Plotka::TimelineCaches caches;
+    Plotka::ForgottenCaches<Plotka::TimelineCaches> forgotten;
     std::set<SC_Id> savedPanelIds;
     QMutex mutex;                     // taken by LockHelper alone
     std::atomic<bool> locked = false; // read without the mutex, by any thread

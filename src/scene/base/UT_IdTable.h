@@ -62,6 +62,14 @@ public:
         --m_count;
     }
 
+    /// @name Slots
+    /// Values lie in slots from 0 on, in no order that means anything.
+    /// @{
+    std::size_t slotCount() const { return m_slots.size(); }
+    /// Null for a free slot.
+    Value *valueIn(std::size_t slot) { return m_slots[slot].id == 0 ? nullptr : &m_slots[slot].value; }
+    /// @}
+
 private:
     struct Slot {
         qint64 id = 0; // 0 is free
