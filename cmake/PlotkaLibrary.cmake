@@ -23,7 +23,7 @@ endfunction()
 
 # plotka_add_library(<target> <export name> <macro prefix>): a shared library with hidden
 # visibility, a generated export header and headers as an installed file set. The folders below
-# it add their own sources with target_sources().
+# it add their own sources with plotka_sources().
 function(plotka_add_library target exportName macroPrefix)
     string(TOLOWER ${macroPrefix} lower)
     add_library(${target} SHARED)
@@ -47,4 +47,25 @@ function(plotka_add_library target exportName macroPrefix)
         SOVERSION ${PROJECT_VERSION_MAJOR}.${PROJECT_VERSION_MINOR})
     install(TARGETS ${target} EXPORT PlotkaTargets
         FILE_SET HEADERS DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/plotka)
+endfunction()
+
+# plotka_add_storey(<storey> <target> [CIRCLE <folder>...]): the next storey of the house, above those before it, and what
+# its sources are built into. A file includes its own storey and those below. CIRCLE names the folders that know one
+# another; no others of a storey do. cmake/storeys.py reads these lines and guards what they say.
+function(plotka_add_storey storey target)
+    set_property(GLOBAL PROPERTY PLOTKA_STOREY_${storey} ${target})
+endfunction()
+
+# plotka_sources(<storey> [TARGET <target>] PRIVATE <file>... PUBLIC <header>...): the files of this folder that stand in
+# the storey, every one of them. Public headers are installed.
+function(plotka_sources storey)
+    cmake_parse_arguments(PARSE_ARGV 1 arg "" "TARGET" "PRIVATE;PUBLIC")
+    get_property(target GLOBAL PROPERTY PLOTKA_STOREY_${storey})
+    if(arg_TARGET)
+        set(target ${arg_TARGET})
+    endif()
+    target_sources(${target} PRIVATE ${arg_PRIVATE})
+    if(arg_PUBLIC)
+        target_sources(${target} PUBLIC FILE_SET HEADERS FILES ${arg_PUBLIC})
+    endif()
 endfunction()

@@ -3,7 +3,7 @@
 #include "interchange/otio/OtioProjectImport.h"
 #include "project/PKC_PlotkaProject.h"
 #include "project/PKC_SessionContext.h"
-#include "scene/session/SC_Project.h"
+#include "scene/project/SC_Project.h"
 
 #include <algorithm>
 #include <cstddef>

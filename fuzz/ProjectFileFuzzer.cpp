@@ -1,5 +1,5 @@
 #include "scene/base/UT_SharedPtr.h"
-#include "scene/session/SC_Project.h"
+#include "scene/project/SC_Project.h"
 #include "scene/storage/SC_FileReport.h"
 #include "scene/storage/SC_ProjectFile.h"
 #include "scene/storage/XmlBounds_p.h"

@@ -12,7 +12,7 @@
 #include "listing/ItemFields.h"
 #include "listing/JsonWriter.h"
 #include "listing/NumberText.h"
-#include "scene/session/SC_Project.h"
+#include "scene/project/SC_Project.h"
 
 #include <QCommandLineParser>
 #include <QFile>

@@ -9,7 +9,7 @@
 #include "listing/ItemFields.h"
 #include "listing/JsonWriter.h"
 #include "listing/ProjectCheck.h"
-#include "scene/session/SC_Project.h"
+#include "scene/project/SC_Project.h"
 
 #include <QCommandLineParser>
 

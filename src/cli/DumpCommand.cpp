@@ -8,7 +8,7 @@
 #include "listing/RecordHolders.h"
 #include "scene/metadata/PIO_Metadata.h"
 #include "scene/metadata/PIO_Metadatas.h"
-#include "scene/session/TUScene.h"
+#include "scene/project/TUScene.h"
 
 #include <QCommandLineParser>
 

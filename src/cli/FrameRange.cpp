@@ -2,7 +2,7 @@
 
 #include "cli/CliText.h"
 #include "scene/base/UT_Timecode.h"
-#include "scene/session/SC_ProjectCommon.h"
+#include "scene/project/SC_ProjectCommon.h"
 
 #include <QRegularExpression>
 

@@ -11,7 +11,7 @@
 #include "cli/ReportFile.h"
 #include "interchange/otio/OtioProjectImport.h"
 #include "project/PKC_SessionContext.h"
-#include "scene/session/SC_Project.h"
+#include "scene/project/SC_Project.h"
 #include "scene/storage/SC_FileReport.h"
 #include "scene/storage/SC_ProjectFile.h"
 

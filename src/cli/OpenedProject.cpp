@@ -5,7 +5,7 @@
 #include "cli/Progress.h"
 #include "project/PKC_PlotkaProject.h"
 #include "project/PKC_SessionContext.h"
-#include "scene/session/SC_Project.h"
+#include "scene/project/SC_Project.h"
 
 namespace
 {

@@ -1,6 +1,6 @@
 #include "infofields/FieldAttributes_p.h"
 
-#include "metadata/RecordAttributes_p.h"
+#include "records/RecordAttributes_p.h"
 #include "scene/metadata/PO_XmlWriter.h"
 
 #include <QXmlAttributes>

@@ -2,8 +2,8 @@
 
 #include "infofields/FieldAttributes_p.h"
 #include "infofields/FieldLists_p.h"
-#include "metadata/RecordAttributes_p.h"
-#include "metadata/RecordReader_p.h"
+#include "records/RecordAttributes_p.h"
+#include "records/RecordReader_p.h"
 #include "scene/metadata/PIO_WritingContext.h"
 #include "scene/metadata/PO_XmlWriter.h"
 

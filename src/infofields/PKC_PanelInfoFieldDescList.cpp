@@ -1,6 +1,6 @@
 #include "infofields/PKC_PanelInfoFieldDescList.h"
 
-#include "metadata/RecordClone_p.h"
+#include "records/RecordClone_p.h"
 #include "scene/base/whoami.h"
 
 const QString PKC_PanelInfoFieldDescList::kPIO_PKMETA_Keyword = QStringLiteral("scenePanelInfoFieldList");

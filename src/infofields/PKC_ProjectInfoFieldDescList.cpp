@@ -1,6 +1,6 @@
 #include "infofields/PKC_ProjectInfoFieldDescList.h"
 
-#include "metadata/RecordClone_p.h"
+#include "records/RecordClone_p.h"
 #include "scene/base/whoami.h"
 
 const QString PKC_ProjectInfoFieldDescList::kPIO_PKMETA_Keyword = QStringLiteral("projectPanelInfoFieldList");

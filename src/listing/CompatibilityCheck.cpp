@@ -5,7 +5,7 @@
 #include "metadata/PKC_ProjectCompatibilityIssues.h"
 #include "project/PKC_PlotkaProject.h"
 #include "scene/metadata/PIO_MetadataAccess.h"
-#include "scene/session/SC_Project.h"
+#include "scene/project/SC_Project.h"
 
 #include <QStringList>
 

@@ -1,8 +1,8 @@
 #include "listing/RecordHolders.h"
 
 #include "listing/ListingText_p.h"
-#include "scene/session/SC_Project.h"
-#include "scene/session/TUScene.h"
+#include "scene/project/SC_Project.h"
+#include "scene/project/TUScene.h"
 
 std::vector<RecordHolder> recordHolders(const SC_Project &project)
 {

@@ -1,6 +1,6 @@
 #include "listing/TimelineCounts.h"
 
-#include "scene/session/SC_Project.h"
+#include "scene/project/SC_Project.h"
 #include "scene/timeline/TUSeqTimedValue.h"
 #include "scene/timeline/TimelineSearches.h"
 

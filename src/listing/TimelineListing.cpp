@@ -2,7 +2,7 @@
 
 #include "listing/ItemMaker_p.h"
 #include "project/PKC_PlotkaProject.h"
-#include "scene/session/SC_ProjectCommon.h"
+#include "scene/project/SC_ProjectCommon.h"
 #include "scene/timeline/TUSeqTimedValue.h"
 
 #include <algorithm>

@@ -1,9 +1,9 @@
 #include "metadata/PKC_ExposurePoints.h"
 
-#include "metadata/RecordAttributes_p.h"
-#include "metadata/RecordClone_p.h"
-#include "metadata/RecordDump_p.h"
-#include "metadata/RecordReader_p.h"
+#include "records/RecordAttributes_p.h"
+#include "records/RecordClone_p.h"
+#include "records/RecordDump_p.h"
+#include "records/RecordReader_p.h"
 #include "scene/base/UT_Numbers.h"
 #include "scene/base/whoami.h"
 #include "scene/metadata/PIO_WritingContext.h"

@@ -1,7 +1,7 @@
 #include "metadata/PKC_ProjectCompatibility.h"
 
-#include "metadata/RecordClone_p.h"
-#include "metadata/RecordReader_p.h"
+#include "records/RecordClone_p.h"
+#include "records/RecordReader_p.h"
 #include "scene/base/whoami.h"
 #include "scene/metadata/PIO_WritingContext.h"
 #include "scene/metadata/PO_XmlWriter.h"

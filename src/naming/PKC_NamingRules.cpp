@@ -1,8 +1,8 @@
 #include "naming/PKC_NamingRules.h"
 
-#include "metadata/RecordAttributes_p.h"
-#include "metadata/RecordClone_p.h"
-#include "metadata/RecordReader_p.h"
+#include "records/RecordAttributes_p.h"
+#include "records/RecordClone_p.h"
+#include "records/RecordReader_p.h"
 #include "scene/base/whoami.h"
 #include "scene/metadata/PIO_WritingContext.h"
 #include "scene/metadata/PO_XmlWriter.h"

@@ -1,5 +1,5 @@
-#include "metadata/RecordAttributes_p.h"
 #include "naming/PKC_NamingRules.h"
+#include "records/RecordAttributes_p.h"
 #include "scene/metadata/PIO_WritingContext.h"
 #include "scene/metadata/PO_XmlWriter.h"
 #include "scene/preferences/PR_Preference.h"

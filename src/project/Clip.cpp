@@ -4,7 +4,7 @@
 #include "metadata/PKC_ExposurePoints.h"
 #include "project/RecordAccesses_p.h"
 #include "scene/base/UT_Numbers.h"
-#include "scene/session/TUScene.h"
+#include "scene/project/TUScene.h"
 
 namespace Plotka
 {

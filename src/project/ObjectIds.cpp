@@ -1,6 +1,6 @@
 #include "project/ObjectIds.h"
 
-#include "scene/session/TUScene.h"
+#include "scene/project/TUScene.h"
 #include "scene/timeline/AT_FrameBlock.h"
 #include "scene/timeline/AT_TransitionSeq.h"
 

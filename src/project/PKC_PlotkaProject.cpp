@@ -4,7 +4,7 @@
 #include "project/PKC_PlotkaProject_p.h"
 #include "project/TimelineWalk_p.h"
 #include "scene/changes/TUSceneChangeManager.h"
-#include "scene/session/TUScene.h"
+#include "scene/project/TUScene.h"
 #include "scene/timeline/AT_TransitionSeq.h"
 #include "scene/timeline/TimelineSearches.h"
 

@@ -3,7 +3,7 @@
 #include "project/PKC_PlotkaProject_p.h"
 #include "project/TimelineWalk_p.h"
 #include "scene/network/MO_Node.h"
-#include "scene/session/TUScene.h"
+#include "scene/project/TUScene.h"
 
 using namespace Plotka;
 

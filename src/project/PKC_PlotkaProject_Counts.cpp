@@ -3,7 +3,7 @@
 #include "project/PKC_PlotkaProject_p.h"
 #include "project/TimelineWalk_p.h"
 #include "scene/base/UT_Numbers.h"
-#include "scene/session/TUScene.h"
+#include "scene/project/TUScene.h"
 #include "scene/timeline/AT_TimeWarpSeq.h"
 #include "scene/timeline/TUSoundTimedValue.h"
 #include "scene/timeline/TimelineSearches.h"

@@ -6,7 +6,7 @@
 #include "project/ObjectIds.h"
 #include "project/PKC_PlotkaProject_p.h"
 #include "project/TimelineWalk_p.h"
-#include "scene/session/TUScene.h"
+#include "scene/project/TUScene.h"
 #include "scene/timeline/AT_TransitionSeq.h"
 #include "scene/timeline/TimelineSearches.h"
 

@@ -10,7 +10,7 @@
 #include "project/RecordAccesses_p.h"
 #include "project/TimelineCaches_p.h"
 #include "scene/base/UT_SharedPtr.h"
-#include "scene/session/SC_Project.h"
+#include "scene/project/SC_Project.h"
 #include "scene/timeline/TUSeqTimedValue.h"
 
 #include <QMutex>

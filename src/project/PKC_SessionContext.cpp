@@ -4,9 +4,9 @@
 #include "project/PKC_PlotkaProject.h"
 #include "scene/network/MO_UnconnectedCompositeModule.h"
 #include "scene/playback/PL_System.h"
-#include "scene/session/SC_Project.h"
+#include "scene/project/SC_Project.h"
+#include "scene/project/TUScene.h"
 #include "scene/session/SC_ProjectManager.h"
-#include "scene/session/TUScene.h"
 #include "tracking/PKC_SceneChangeManager.h"
 
 #include <QPointer>

@@ -9,7 +9,7 @@
 #include "project/ObjectPrivate_p.h"
 #include "project/RecordAccesses_p.h"
 #include "project/ShotPrivate_p.h"
-#include "scene/session/TUScene.h"
+#include "scene/project/TUScene.h"
 #include "tracking/PKC_Tracking.h"
 
 namespace Plotka

@@ -6,7 +6,7 @@
 #include "project/SharedPtr_p.h"
 #include "scene/base/AT_Frame.h"
 #include "scene/base/UT_Numbers.h"
-#include "scene/session/TUScene.h"
+#include "scene/project/TUScene.h"
 
 namespace Plotka
 {

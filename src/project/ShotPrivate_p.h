@@ -3,7 +3,7 @@
 #include "metadata/PKC_SceneInfo.h"
 #include "project/ObjectPrivate_p.h"
 #include "scene/metadata/PIO_MetadataAccess.h"
-#include "scene/session/TUScene.h"
+#include "scene/project/TUScene.h"
 
 namespace Plotka
 {

@@ -5,7 +5,7 @@
 #include "project/SharedPtr_p.h"
 #include "project/ShotPrivate_p.h"
 #include "scene/base/UT_Numbers.h"
-#include "scene/session/TUScene.h"
+#include "scene/project/TUScene.h"
 
 namespace Plotka
 {

@@ -1,8 +1,8 @@
 #include "project/TimelineWalk_p.h"
 
 #include "project/PKC_PlotkaProject.h"
-#include "scene/session/SC_ProjectCommon.h"
-#include "scene/session/TUScene.h"
+#include "scene/project/SC_ProjectCommon.h"
+#include "scene/project/TUScene.h"
 #include "scene/timeline/TUSeqTimedValue.h"
 #include "scene/timeline/TimelineSearches.h"
 

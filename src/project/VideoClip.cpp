@@ -7,7 +7,7 @@
 #include "scene/base/AT_Frame.h"
 #include "scene/network/MO_ElementModule.h"
 #include "scene/network/TUGroup.h"
-#include "scene/session/TUScene.h"
+#include "scene/project/TUScene.h"
 
 #include <algorithm>
 #include <typeinfo>

@@ -3,7 +3,7 @@
 #include "metadata/PKC_ClipInfo.h"
 #include "project/ObjectPrivate_p.h"
 #include "project/RecordAccesses_p.h"
-#include "scene/session/TUScene.h"
+#include "scene/project/TUScene.h"
 #include "tracking/PKC_Tracking.h"
 
 namespace Plotka

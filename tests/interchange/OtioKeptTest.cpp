@@ -1,8 +1,8 @@
 #include "interchange/BuiltProject.h"
 #include "interchange/LooseJson_p.h"
 #include "scene/metadata/PIO_MetadataString.h"
-#include "scene/session/SC_Project.h"
-#include "scene/session/TUScene.h"
+#include "scene/project/SC_Project.h"
+#include "scene/project/TUScene.h"
 
 #include <QJsonDocument>
 #include <QTemporaryDir>

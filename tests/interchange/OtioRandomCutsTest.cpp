@@ -1,7 +1,7 @@
 #include "interchange/BuiltProject.h"
 #include "scene/metadata/PIO_MetadataString.h"
-#include "scene/session/SC_Project.h"
-#include "scene/session/TUScene.h"
+#include "scene/project/SC_Project.h"
+#include "scene/project/TUScene.h"
 #include "support/Problems.h"
 
 #include <QHash>

@@ -2,8 +2,8 @@
 
 #include "metadata/PKC_MetadataFactory.h"
 #include "scene/metadata/PIO_Metadatas.h"
-#include "scene/session/SC_Project.h"
-#include "scene/session/TUScene.h"
+#include "scene/project/SC_Project.h"
+#include "scene/project/TUScene.h"
 #include "scene/storage/SC_FileReport.h"
 #include "scene/storage/SC_ProjectFile.h"
 

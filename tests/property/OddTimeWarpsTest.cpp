@@ -2,8 +2,8 @@
 #include "support/RandomTimeline.h"
 #include "support/Storyboard.h"
 
-#include "scene/session/SC_ProjectCommon.h"
-#include "scene/session/TUScene.h"
+#include "scene/project/SC_ProjectCommon.h"
+#include "scene/project/TUScene.h"
 
 #include <gtest/gtest.h>
 

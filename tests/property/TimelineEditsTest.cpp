@@ -3,7 +3,7 @@
 #include "support/Printers.h"
 #include "support/Problems.h"
 
-#include "scene/session/SC_ProjectCommon.h"
+#include "scene/project/SC_ProjectCommon.h"
 
 #include <gtest/gtest.h>
 

@@ -4,7 +4,7 @@
 #include "support/RandomTimeline.h"
 #include "support/Storyboard.h"
 
-#include "scene/session/SC_ProjectCommon.h"
+#include "scene/project/SC_ProjectCommon.h"
 
 #include <gtest/gtest.h>
 

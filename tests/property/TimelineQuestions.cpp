@@ -1,7 +1,7 @@
 #include "property/TimelineQuestions.h"
 
-#include "scene/session/SC_Project.h"
-#include "scene/session/TUScene.h"
+#include "scene/project/SC_Project.h"
+#include "scene/project/TUScene.h"
 
 #include <algorithm>
 #include <sstream>

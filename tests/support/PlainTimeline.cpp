@@ -3,7 +3,7 @@
 #include "metadata/PKC_ClipInfo.h"
 #include "metadata/PKC_SceneInfo.h"
 #include "scene/metadata/PIO_MetadataAccess.h"
-#include "scene/session/TUScene.h"
+#include "scene/project/TUScene.h"
 #include "scene/timeline/AT_TimeWarpSeq.h"
 #include "scene/timeline/TUSeqTimedValue.h"
 #include "scene/timeline/TimelineSearches.h"

@@ -1,6 +1,6 @@
 #include "support/Problems.h"
 
-#include "scene/session/TUScene.h"
+#include "scene/project/TUScene.h"
 
 #include <sstream>
 

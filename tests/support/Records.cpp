@@ -4,7 +4,7 @@
 #include "scene/metadata/PIO_RecordWriter.h"
 #include "scene/metadata/PIO_WritingContext.h"
 #include "scene/metadata/PO_XmlWriter.h"
-#include "scene/session/TUScene.h"
+#include "scene/project/TUScene.h"
 
 #include <QXmlStreamReader>
 

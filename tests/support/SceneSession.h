@@ -1,9 +1,9 @@
 #pragma once
 
 #include "scene/changes/TUSceneChangeManager.h"
-#include "scene/session/SC_Project.h"
+#include "scene/project/SC_Project.h"
+#include "scene/project/TUScene.h"
 #include "scene/session/SC_SessionContext.h"
-#include "scene/session/TUScene.h"
 
 #include <memory>
 

@@ -4,8 +4,8 @@
 
 #include "project/PKC_PlotkaProject.h"
 #include "project/PKC_SessionContext.h"
-#include "scene/session/SC_Project.h"
-#include "scene/session/TUScene.h"
+#include "scene/project/SC_Project.h"
+#include "scene/project/TUScene.h"
 #include "scene/timeline/TUSeqTimedValue.h"
 
 #include <memory>

@@ -6,7 +6,7 @@
 #include "support/Problems.h"
 #include "support/RandomTimeline.h"
 
-#include "scene/session/SC_ProjectCommon.h"
+#include "scene/project/SC_ProjectCommon.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 #include "support/TimelineOracle.h"
 #include "support/Storyboard.h"
 
-#include "scene/session/SC_ProjectCommon.h"
+#include "scene/project/SC_ProjectCommon.h"
 
 #include <gtest/gtest.h>
 

@@ -4,7 +4,7 @@
 #include "interchange/LooseJson_p.h"
 #include "interchange/otio/OtioNode_p.h"
 #include "interchange/otio/OtioProjectBuilder_p.h"
-#include "scene/session/SC_Project.h"
+#include "scene/project/SC_Project.h"
 #include "scene/session/SC_SessionContext.h"
 
 #include <QFile>

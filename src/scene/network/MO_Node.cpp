@@ -4,9 +4,9 @@
 #include "scene/network/MO_ModuleVisitor.h"
 #include "scene/network/MO_Port.h"
 #include "scene/network/TUGroup.h"
-#include "scene/session/SC_ProjectCommon.h"
-#include "scene/session/SC_SceneCommon.h"
-#include "scene/session/TUScene.h"
+#include "scene/project/SC_ProjectCommon.h"
+#include "scene/project/SC_SceneCommon.h"
+#include "scene/project/TUScene.h"
 
 #include <utility>
 

@@ -2,8 +2,8 @@
 
 #include "scene/changes/TUSceneChangeManager.h"
 #include "scene/network/MO_Node.h"
-#include "scene/session/SC_ProjectCommon.h"
-#include "scene/session/SC_SceneCommon.h"
+#include "scene/project/SC_ProjectCommon.h"
+#include "scene/project/SC_SceneCommon.h"
 
 MO_Port *MO_Port::realSrcPort() const
 {

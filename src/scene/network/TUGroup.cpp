@@ -2,8 +2,8 @@
 
 #include "scene/changes/TUSceneChangeManager.h"
 #include "scene/network/MO_Port.h"
-#include "scene/session/SC_SceneCommon.h"
-#include "scene/session/TUScene.h"
+#include "scene/project/SC_SceneCommon.h"
+#include "scene/project/TUScene.h"
 
 #include <QHash>
 

@@ -2,7 +2,7 @@
 
 #include "plotka_scene_export.h"
 #include "scene/base/UT_SharedPtr.h"
-#include "scene/session/SC_Project.h"
+#include "scene/project/SC_Project.h"
 
 #include <vector>
 

@@ -1,7 +1,7 @@
 #include "scene/storage/ElementAttributes_p.h"
 
 #include "scene/metadata/PO_Utils.h"
-#include "scene/session/SC_ProjectCommon.h"
+#include "scene/project/SC_ProjectCommon.h"
 
 #include <limits>
 

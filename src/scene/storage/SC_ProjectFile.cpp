@@ -1,6 +1,6 @@
 #include "scene/storage/SC_ProjectFile.h"
 
-#include "scene/session/SC_Project.h"
+#include "scene/project/SC_Project.h"
 #include "scene/storage/ProjectReader_p.h"
 #include "scene/storage/ProjectWriter_p.h"
 #include "scene/storage/SC_FileReport.h"

@@ -1,8 +1,8 @@
 #include "scene/storage/SequenceLoader_p.h"
 
-#include "scene/session/SC_ProjectCommon.h"
-#include "scene/session/SC_SceneCommon.h"
-#include "scene/session/TUScene.h"
+#include "scene/project/SC_ProjectCommon.h"
+#include "scene/project/SC_SceneCommon.h"
+#include "scene/project/TUScene.h"
 #include "scene/storage/ElementAttributes_p.h"
 #include "scene/storage/ProjectFileKeys_p.h"
 #include "scene/timeline/AT_TimeWarpSeq.h"

@@ -1,6 +1,6 @@
 #include "scene/timeline/AT_SceneSeq.h"
 
-#include "scene/session/TUScene.h"
+#include "scene/project/TUScene.h"
 
 AT_SceneSeq::AT_SceneSeq(const TUScene *scene) :
     TUSeq(scene ? scene->objectId() : SC_Id()), m_sceneView(scene ? scene->sceneId() : SC_Id())

@@ -1,6 +1,6 @@
 #include "scene/timeline/TUSeqTimedValue.h"
 
-#include "scene/session/SC_ProjectCommon.h"
+#include "scene/project/SC_ProjectCommon.h"
 
 #include <algorithm>
 #include <functional>

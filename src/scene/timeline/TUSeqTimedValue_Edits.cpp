@@ -2,8 +2,8 @@
 
 #include "scene/base/UT_Edition.h"
 #include "scene/changes/TUSceneChangeManager.h"
-#include "scene/session/SC_ProjectCommon.h"
-#include "scene/session/SC_SceneCommon.h"
+#include "scene/project/SC_ProjectCommon.h"
+#include "scene/project/SC_SceneCommon.h"
 #include "scene/timeline/AT_TimeWarpSeq.h"
 #include "scene/timeline/AT_TransitionSeq.h"
 

@@ -1,8 +1,8 @@
 #include "scene/timeline/TUSoundTimedValue.h"
 
 #include "scene/changes/TUSceneChangeManager.h"
-#include "scene/session/SC_ProjectCommon.h"
-#include "scene/session/SC_SceneCommon.h"
+#include "scene/project/SC_ProjectCommon.h"
+#include "scene/project/SC_SceneCommon.h"
 #include "scene/timeline/TUSeqTimedValue.h"
 
 #include <algorithm>

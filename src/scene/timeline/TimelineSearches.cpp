@@ -2,8 +2,8 @@
 
 #include "scene/base/UT_Edition.h"
 #include "scene/network/MO_ElementModule.h"
-#include "scene/session/SC_ProjectCommon.h"
-#include "scene/session/TUScene.h"
+#include "scene/project/SC_ProjectCommon.h"
+#include "scene/project/TUScene.h"
 #include "scene/timeline/TUSeqTimedValue.h"
 
 TUScene *sceneOfBlock(const SC_SceneManager *manager, const AT_FrameBlock &block)

@@ -2,7 +2,7 @@
 #include "scene/network/MO_ElementModule.h"
 #include "scene/network/MO_UnconnectedCompositeModule.h"
 #include "scene/network/TUGroup.h"
-#include "scene/session/SC_CameraManager.h"
+#include "scene/project/SC_CameraManager.h"
 #include "scene/session/SC_ProjectManager.h"
 #include "scene/timeline/AT_SceneSeq.h"
 #include "scene/timeline/TUSeqTimedValue.h"

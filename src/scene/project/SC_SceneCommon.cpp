@@ -1,6 +1,6 @@
-#include "scene/session/SC_SceneCommon.h"
+#include "scene/project/SC_SceneCommon.h"
 
-#include "scene/session/TUScene.h"
+#include "scene/project/TUScene.h"
 #include "scene/timeline/TUSeqTimedValue.h"
 #include "scene/timeline/TimelineSearches.h"
 

@@ -1,4 +1,4 @@
-#include "scene/session/TUDbSceneData.h"
+#include "scene/project/TUDbSceneData.h"
 
 #include <QDir>
 

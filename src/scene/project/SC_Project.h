@@ -4,7 +4,7 @@
 #include "scene/base/UT_ShareBase.h"
 #include "scene/metadata/PIO_Metadata.h"
 #include "scene/metadata/PIO_Metadatas.h"
-#include "scene/session/SC_ProjectCommon.h"
+#include "scene/project/SC_ProjectCommon.h"
 
 #include <deque>
 #include <memory>

@@ -1,4 +1,4 @@
-#include "scene/session/SC_ProjectCommon.h"
+#include "scene/project/SC_ProjectCommon.h"
 
 #include "scene/changes/TUSceneChangeManager.h"
 

@@ -1,4 +1,4 @@
-#include "metadata/RecordDump_p.h"
+#include "records/RecordDump_p.h"
 
 void RecordDump::append(const QString &format, const QString &key, const QString &value)
 {

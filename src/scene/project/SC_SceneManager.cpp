@@ -1,6 +1,6 @@
-#include "scene/session/SC_SceneManager.h"
+#include "scene/project/SC_SceneManager.h"
 
-#include "scene/session/TUScene.h"
+#include "scene/project/TUScene.h"
 
 SC_SceneBase *SC_SceneManager::find(const SC_Id &sceneId) const
 {

@@ -5,8 +5,8 @@
 #include "scene/base/UT_FrameRate.h"
 #include "scene/base/UT_IdTable.h"
 #include "scene/changes/TUSceneChangeManager.h"
-#include "scene/session/SC_SceneManager.h"
-#include "scene/session/TUDbSceneData.h"
+#include "scene/project/SC_SceneManager.h"
+#include "scene/project/TUDbSceneData.h"
 
 #include <QPointer>
 

@@ -1,9 +1,9 @@
-#include "scene/session/TUScene.h"
+#include "scene/project/TUScene.h"
 
 #include "scene/changes/TUSceneChangeManager.h"
 #include "scene/network/MO_UnconnectedCompositeModule.h"
 #include "scene/network/TUGroup.h"
-#include "scene/session/SC_ProjectCommon.h"
+#include "scene/project/SC_ProjectCommon.h"
 #include "scene/timeline/TUSeqTimedValue.h"
 #include "scene/timeline/TUSoundTimedValue.h"
 

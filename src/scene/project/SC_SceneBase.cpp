@@ -1,3 +1,3 @@
-#include "scene/session/SC_SceneBase.h"
+#include "scene/project/SC_SceneBase.h"
 
 SC_SceneBase::~SC_SceneBase() = default;

@@ -1,6 +1,6 @@
-#include "metadata/RecordAttributes_p.h"
+#include "records/RecordAttributes_p.h"
 
-#include "metadata/RecordElement_p.h"
+#include "records/RecordElement_p.h"
 #include "scene/metadata/PO_Utils.h"
 #include "scene/metadata/PO_XmlWriter.h"
 

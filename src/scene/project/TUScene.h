@@ -4,8 +4,8 @@
 #include "scene/base/UT_SharedPtr.h"
 #include "scene/base/UT_SharedWeakBase.h"
 #include "scene/metadata/PIO_Metadatas.h"
-#include "scene/session/SC_SceneBase.h"
-#include "scene/session/SC_SceneCommon.h"
+#include "scene/project/SC_SceneBase.h"
+#include "scene/project/SC_SceneCommon.h"
 
 #include <QString>
 

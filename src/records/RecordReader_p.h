@@ -1,6 +1,6 @@
 #pragma once
 
-#include "metadata/RecordElement_p.h"
+#include "records/RecordElement_p.h"
 #include "scene/metadata/PIO_ComponentReader.h"
 
 /// When the reader of a record lets go of it; what comes after is ignored.

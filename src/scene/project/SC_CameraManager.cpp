@@ -1,3 +1,3 @@
-#include "scene/session/SC_CameraManager.h"
+#include "scene/project/SC_CameraManager.h"
 
 SC_CameraManager::~SC_CameraManager() = default;
