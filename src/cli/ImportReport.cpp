@@ -3,9 +3,6 @@
 #include "cli/CliText.h"
 #include "cli/Console.h"
 
-namespace
-{
-
 QString severityText(ImportNote::Severity severity)
 {
     switch (severity) {
@@ -18,6 +15,9 @@ QString severityText(ImportNote::Severity severity)
     }
     return QStringLiteral("info");
 }
+
+namespace
+{
 
 QString lineText(const ImportNote &note)
 {

@@ -5,6 +5,9 @@
 #include <utility>
 #include <vector>
 
+/// "loss", "change" or "info".
+QString severityText(ImportNote::Severity severity);
+
 /// What an import has to tell people.
 class ImportReport
 {

@@ -1,6 +1,7 @@
 #include "cli/ReportFile.h"
 
 #include "cli/CliText.h"
+#include "cli/ImportReport.h"
 #include "listing/JsonWriter.h"
 #include "scene/storage/WholeWrite_p.h"
 
@@ -14,19 +15,6 @@
 
 namespace
 {
-
-QString severityText(ImportNote::Severity severity)
-{
-    switch (severity) {
-    case ImportNote::Loss:
-        return QStringLiteral("loss");
-    case ImportNote::Change:
-        return QStringLiteral("change");
-    case ImportNote::Info:
-        break;
-    }
-    return QStringLiteral("info");
-}
 
 /// False for pipes and devices, and for names of what is open already, which nothing may be renamed to.
 bool isRegular(const QString &path)
